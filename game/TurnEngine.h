@@ -5,11 +5,14 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace qx {
 
 class Table;
 class RandomSource;
 class NetworkHooks;
+enum class Check;
 
 // The game itself: stock, rules, computer player, turn cycle, strikes and the game commands.
 // Everything it shows goes through Table; everything it sends goes through NetworkHooks.
@@ -21,7 +24,8 @@ public:
     GameState &state() { return m_state; }
     const GameState &state() const { return m_state; }
 
-    // Card rules.
+    // Card rules. A nine's value is a marker: the total becomes 99, nothing is added.
+    static constexpr int NineValue = 99;
     static int CardValue(int card);
     static int rankOf(int card) { return card % 13 + 1; }
     bool isLegal(int card) const;
@@ -58,6 +62,11 @@ public:
     // Shows a card on the pile and remembers it as the pile card.
     void showPile(int card);
     void clearPile();
+    // Sets the pile tag and wakes every wait that watches it.
+    void setPileTag(const QString &tag);
+    // The seat's three cards face up in the hand slots 2..4; clearHand empties those slots.
+    void showHand(int seat);
+    void clearHand();
 
     // Seat that comes after `from` in `direction`, skipping seats that are out; `from` itself when
     // no other seat is in play.
@@ -68,8 +77,21 @@ public:
     unsigned gameSerial() const { return m_gameSerial; }
 
 private:
-    void pauseBeforeMove(int item);
+    // The standstill before a move or after a strike: a timed pause while the option is unchecked,
+    // else a wait for "&Resume". False when the game was replaced or ended during the wait.
+    bool pauseBeforeMove(Check item, double seconds = 0.5);
     void playComputerQuickly(int seat, int slot);
+    void setPausing(bool pausing);
+    bool sameGame(unsigned serial) const { return serial == m_gameSerial; }
+    void announceWinner();
+    void startNewRound();
+
+    // Stock helpers: a full stock in pack order with one random key per entry, and the exchange
+    // sort of the entries first..last by their keys.
+    std::vector<float> freshStock();
+    void sortStock(std::vector<float> &keys, int first, int last);
+    void takeOutHeldCards(int &removed);
+    void takeOutPileCard(int &removed);
 
     GameState &m_state;
     Table &m_table;

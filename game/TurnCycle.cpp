@@ -1,0 +1,119 @@
+#include "TurnEngine.h"
+
+#include "NetworkHooks.h"
+#include "Table.h"
+
+namespace qx {
+
+namespace {
+const QString TurnSuffix = QStringLiteral("'s Turn");
+}
+
+void TurnEngine::WaitForResume()
+{
+    setPausing(true);
+    m_table.waitForResume([this] { return !m_state.Pausing; });
+    m_table.refresh();
+}
+
+void TurnEngine::cmdContinue_Click()
+{
+    m_table.hideResume();
+    setPausing(false);
+}
+
+bool TurnEngine::pauseBeforeMove(Check item, double seconds)
+{
+    const unsigned serial = m_gameSerial;
+    if (!m_table.isChecked(item)) {
+        setPausing(true);
+        m_table.pause(seconds);
+        setPausing(false);
+    } else {
+        WaitForResume();
+    }
+    return sameGame(serial);
+}
+
+void TurnEngine::playComputerQuickly(int seat, int slot)
+{
+    const int card = m_state.Hand(slot, seat);
+    applyCardToTotal(card);
+    showPile(card);
+    setPileTag(QStringLiteral("%1").arg(card, 2, 10, QLatin1Char('0')));
+    m_state.Hand(slot, seat) = static_cast<int16_t>(DrawCard());
+    m_table.refresh();
+}
+
+void TurnEngine::PlayTurns()
+{
+    const unsigned serial = m_gameSerial;
+    for (;;) {
+        // A click that arrives during a pause must not start a second engine, and a guest's
+        // turns are driven by the host's lines.
+        if (m_state.Pausing)
+            return;
+        if (m_state.CurrentPlayer == 0 || m_state.NetMode == NetGuestMode)
+            return;
+
+        clearHand();
+        const int seat = nextSeat(m_state.CurrentPlayer, m_state.Direction);
+        if (seat == m_state.CurrentPlayer)
+            return;
+        m_state.CurrentPlayer = static_cast<int16_t>(seat);
+        m_table.setCaption(QString::number(seat) + TurnSuffix);
+        m_table.refresh();
+        m_table.refreshStrikeMarks();
+
+        const int kind = m_state.PlayerType(seat);
+        if (m_state.NetMode == NetHostMode && kind != RemoteHuman && m_net)
+            m_net->sendGameLine();
+
+        if (kind == LocalHuman) {
+            m_table.showMessage(QStringLiteral("Player ") + QString::number(seat) + TurnSuffix);
+            m_table.processEvents();
+            if (!sameGame(serial) || !pauseBeforeMove(Check::PauseBeforeHumans))
+                return;
+            showHand(seat);
+            m_table.setTakeOverEnabled(true);
+            if (ChooseCard(seat) >= 0) {
+                setPileTag(QString()); // the engine now waits for the human's card
+                return;
+            }
+            TakeStrike();
+        } else if (kind == RemoteHuman) {
+            m_table.setTakeOverEnabled(false);
+            if (ChooseCard(seat) >= 0) {
+                if (m_state.NetMode == NetHostMode && m_net)
+                    m_net->sendGameLine();
+                m_table.setNetworkTimer(true); // the remote player's card arrives as a game line
+                return;
+            }
+            TakeStrike();
+        } else {
+            m_table.showMessage(QStringLiteral("Computer Player ") + QString::number(seat) + TurnSuffix);
+            m_table.processEvents();
+            if (!sameGame(serial) || !pauseBeforeMove(Check::PauseBeforeComputers))
+                return;
+            m_table.setTakeOverEnabled(false);
+            const int choice = ChooseCard(seat);
+            if (choice < 0) {
+                showHand(seat);
+                TakeStrike();
+            } else if (!m_table.isChecked(Check::ShowComputerMoves)) {
+                playComputerQuickly(seat, choice);
+            } else {
+                // Played through the click handler so that the move is animated like a human's.
+                showHand(seat);
+                m_state.ComputerClick = true;
+                setPileTag(QString());
+                picCard_Click(choice + FirstHandSlot);
+                m_state.ComputerClick = false;
+            }
+        }
+        if (!sameGame(serial))
+            return;
+    }
+}
+
+} // namespace qx
