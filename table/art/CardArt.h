@@ -6,6 +6,7 @@
 
 #include <map>
 #include <tuple>
+#include <vector>
 
 namespace qx {
 
@@ -19,42 +20,52 @@ constexpr int StripColumns = 13; // one column per rank, ace first
 constexpr int StripRows = 4;     // one row per suit
 
 // The face strip: 13 columns by 4 rows of cells, the face of card code c in row c / 13 and
-// column c % 13. Drawn as vector graphics at `cell` device pixels per card.
+// column c % 13. Drawn as vector graphics at `cell` device pixels per card. Rows top to bottom:
+// clubs, diamonds, hearts, spades; columns ace to king. Outside the rounded card the strip is
+// transparent. Cells narrower than 54 pixels get enlarged corner indices.
 QImage renderFaceStrip(QSize cell);
 // The cell of card code c in a strip with cells of the given size.
 QRect cellRect(int code, QSize cell);
 // The built-in back (back number 0).
 QImage renderBuiltinBack(QSize size);
 // Back designs for the deck*.bmp files the build ships; `design` from 1 up to backDesignCount().
+// A design number outside that range gives an empty image.
 int backDesignCount();
 QImage renderBackDesign(int design, QSize size);
-// The splash picture and its mask (black where the picture shows, white elsewhere).
+// The splash picture (a fanned hand of three cards, black around it) and its mask (black where
+// the picture shows, white elsewhere): AND the mask onto the background, then OR the picture.
 QImage renderSplashPicture(QSize size);
 QImage renderSplashMask(QSize size);
-// The network waiting indicator: four pictures shown in turn (index 0..3).
+// The network waiting indicator: four pictures of an hourglass shown in turn (index 0..3; other
+// numbers wrap round), transparent around it.
 QImage renderWaitPicture(int index, QSize size);
-// The program's icon.
+// The program's icon: fanned cards on green baize, the front one showing "99".
 QImage renderAppIcon(int size);
 
 } // namespace CardArt
 
 // Card pictures at the size the table needs, cut from a face strip rendered once per size and
-// device pixel ratio and kept until the size changes.
+// device pixel ratio. Faces are kept for the few sizes asked for most recently, so the same size
+// twice gives the same pixmap (same cacheKey()). Needs a QGuiApplication (pixmaps).
 class CardImages {
 public:
-    // Face of card code 0..51 for a slot of `size` device-independent pixels.
+    // Face of card code 0..51 for a slot of `size` device-independent pixels; any other code, or
+    // an empty size, gives a null pixmap.
     QPixmap face(int code, QSize size, qreal dpr);
-    // The current back at that size.
+    // The current back at that size: the built-in back, or the chosen picture scaled smoothly.
     QPixmap back(QSize size, qreal dpr);
     // A back picture chosen by the player (empty image: the built-in back).
     void setBackPicture(const QImage &picture);
 
 private:
+    void forgetOldSizes(QSize newest);
+
     QSize m_stripCell;
     QImage m_strip;
     QImage m_backPicture;
     std::map<std::tuple<int, int, int>, QPixmap> m_faces; // code, width, height (device pixels)
     std::map<std::tuple<int, int>, QPixmap> m_backs;      // width, height (device pixels)
+    std::vector<QSize> m_faceSizes;                       // sizes in m_faces, most recent last
 };
 
 } // namespace qx
