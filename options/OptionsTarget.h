@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+class QDialog;
+class QString;
 class QWidget;
 
 namespace qx {
@@ -32,6 +34,15 @@ public:
 
     virtual void showCardBackChooser() = 0;
     virtual void showAbout() = 0;
+
+    // The options' own dialogs. The defaults show real message boxes over optionsWindow() and run
+    // the dialog modally; tests override them so that nothing waits for a person.
+    // A message box with a warning icon (a stored value QX cannot use).
+    virtual void showWarning(const QString &text);
+    // A Yes/No question with a question icon; true only for Yes.
+    virtual bool askYesNo(const QString &text);
+    // Runs a dialog modally (the colour chooser).
+    virtual void runDialog(QDialog &dialog);
 };
 
 } // namespace qx

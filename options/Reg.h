@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+namespace qx {
+
+// The settings store: one application name shared by every read and write, and sections of
+// string keys under it. A backslash in the name nests the application under an organisation
+// ("Brackenfall\QX" is the application "QX" of "Brackenfall", kept in
+// ~/.config/Brackenfall/QX.conf), and each section is a group of that file.
+
+// The literal an absent key reads as.
+inline constexpr char NotUsed[] = "Not Used";
+
+void SetRegApp(const QString &name);
+QString RegAppName();
+
+// The stored value, or "Not Used" when the key is absent. Stops the program when no application
+// name was set: that can only be a programming error.
+QString GetReg(const QString &section, const QString &key);
+
+// Writes the value, creating the section as needed. Same stop without an application name.
+void SaveReg(const QString &section, const QString &key, const QString &value);
+
+} // namespace qx
