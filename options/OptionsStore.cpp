@@ -61,6 +61,7 @@ void OptionsStore::refuse(const QString &section, const Reading &reading)
 
 void OptionsStore::LoadOptions(const QString &section)
 {
+    const RegBatch batch;
     const QString sound = GetReg(section, QStringLiteral("Sound"));
     if (sound == QLatin1String(NotUsed))
         return;
@@ -178,6 +179,7 @@ void OptionsStore::loadCardBack(const QString &section)
 
 void OptionsStore::SaveOptions(const QString &section)
 {
+    const RegBatch batch;
     const QWidget *window = m_target.optionsWindow();
     saveBool(section, "Sound", m_menus.mnuOSound);
     saveBool(section, "TallyScore", m_menus.mnuOScore);

@@ -15,12 +15,20 @@ QString &appName()
     return name;
 }
 
-// Splits "Organisation\Application" at its last backslash; a name without one is a file of its own.
-std::unique_ptr<QSettings> openStore(const char *caller)
+struct Batch {
+    int depth = 0;
+    std::unique_ptr<QSettings> store;
+};
+
+Batch &batch()
 {
-    const QString &name = appName();
-    if (name.isEmpty())
-        qFatal("QX: %s was called before SetRegApp named the application", caller);
+    static Batch b;
+    return b;
+}
+
+// Splits "Organisation\Application" at its last backslash; a name without one is a file of its own.
+std::unique_ptr<QSettings> newStore(const QString &name)
+{
     const qsizetype cut = name.lastIndexOf(QLatin1Char('\\'));
     if (cut < 0)
         return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, name);
@@ -29,6 +37,31 @@ std::unique_ptr<QSettings> openStore(const char *caller)
     return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, organisation,
                                        name.mid(cut + 1));
 }
+
+// The batch's store while a batch is open, else a store of its own for one call.
+class Store {
+public:
+    explicit Store(const char *caller)
+    {
+        const QString &name = appName();
+        if (name.isEmpty())
+            qFatal("QX: %s was called before SetRegApp named the application", caller);
+        Batch &b = batch();
+        if (b.depth == 0) {
+            m_own = newStore(name);
+            m_store = m_own.get();
+            return;
+        }
+        if (!b.store)
+            b.store = newStore(name);
+        m_store = b.store.get();
+    }
+    QSettings *operator->() const { return m_store; }
+
+private:
+    std::unique_ptr<QSettings> m_own;
+    QSettings *m_store = nullptr;
+};
 
 QString fullKey(const QString &section, const QString &key)
 {
@@ -49,7 +82,7 @@ QString RegAppName()
 
 QString GetReg(const QString &section, const QString &key)
 {
-    const auto store = openStore("GetReg");
+    const Store store("GetReg");
     const QVariant value = store->value(fullKey(section, key));
     if (!value.isValid())
         return QString::fromLatin1(NotUsed);
@@ -61,8 +94,24 @@ QString GetReg(const QString &section, const QString &key)
 
 void SaveReg(const QString &section, const QString &key, const QString &value)
 {
-    const auto store = openStore("SaveReg");
+    const Store store("SaveReg");
     store->setValue(fullKey(section, key), value);
+}
+
+} // namespace qx
+
+namespace qx {
+
+RegBatch::RegBatch()
+{
+    ++batch().depth;
+}
+
+RegBatch::~RegBatch()
+{
+    Batch &b = batch();
+    if (--b.depth == 0)
+        b.store.reset(); // writes what the batch changed
 }
 
 } // namespace qx

@@ -22,4 +22,15 @@ QString GetReg(const QString &section, const QString &key);
 // Writes the value, creating the section as needed. Same stop without an application name.
 void SaveReg(const QString &section, const QString &key, const QString &value);
 
+// While one of these lives, GetReg and SaveReg share one opening of the store, and the writes
+// reach the disk together when the outermost one ends (a whole section is one write, not
+// fourteen). Without one, every call opens the store and writes at once.
+class RegBatch {
+public:
+    RegBatch();
+    ~RegBatch();
+    RegBatch(const RegBatch &) = delete;
+    RegBatch &operator=(const RegBatch &) = delete;
+};
+
 } // namespace qx

@@ -27,6 +27,7 @@ void save(const QString &section, const char *key, const QString &value)
 // A whole "User" section in the built-in state, so a test can change just the keys it is about.
 void saveBuiltInUser()
 {
+    const RegBatch batch;
     const QList<std::pair<const char *, const char *>> keys = {
         {"Sound", "True"},        {"TallyScore", "True"},   {"ShowComputerMoves", "False"},
         {"BackColor", "-2147483633"}, {"Frames", "10"},     {"HumanPause", "True"},
@@ -44,6 +45,12 @@ class TestOptionsStore : public QObject {
     Q_OBJECT
 
 private:
+    QByteArray readStoreFile() const
+    {
+        QFile file(m_sandbox.storeFile());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
     SettingsSandbox m_sandbox;
     GameState m_state;
     std::unique_ptr<FakeOptionsTarget> m_window;
@@ -180,6 +187,22 @@ private slots:
         const QByteArray text = file.readAll();
         QVERIFY(text.contains("[User]"));
         QVERIFY(text.contains("[Default]"));
+    }
+
+    void batchWritesOnceAtItsEnd()
+    {
+        {
+            const RegBatch outer;
+            save(User, "Frames", QStringLiteral("5"));
+            {
+                const RegBatch inner;
+                save(User, "CardBack", QStringLiteral("2"));
+            }
+            QCOMPARE(GetReg(User, QStringLiteral("CardBack")), QStringLiteral("2"));
+            QVERIFY(!QFile::exists(m_sandbox.storeFile()) || !readStoreFile().contains("CardBack"));
+        }
+        QVERIFY(readStoreFile().contains("Frames=5"));
+        QVERIFY(readStoreFile().contains("CardBack=2"));
     }
 
     void handEditedListReadsAsText()
@@ -347,6 +370,7 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(bool, checked);
+        const RegBatch batch;
         saveBuiltInUser();
         for (const char *key : {"Sound", "TallyScore", "ShowComputerMoves", "HumanPause", "ComputerPause", "StrikePause"})
             save(User, key, text);
@@ -453,6 +477,8 @@ private slots:
     {
         QFETCH(QString, key);
         QFETCH(QString, text);
+        {
+        const RegBatch batch;
         saveBuiltInUser();
         // Everything else in the section differs from the current state and must still apply.
         save(User, "Sound", QStringLiteral("False"));
@@ -465,6 +491,7 @@ private slots:
         if (key != QLatin1String("WindowLeft"))
             save(User, "WindowLeft", QStringLiteral("77"));
         SaveReg(User, key, text);
+        }
         m_window->color = 42;
         const QRect before = m_window->geometry();
         const QPoint beforePos = m_window->pos();
