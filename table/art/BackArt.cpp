@@ -467,6 +467,22 @@ void drawBack(QPainter &painter, int design, qreal unitsPerPixel)
     painter.restore();
 }
 
+QImage cutToCardShape(const QImage &picture)
+{
+    if (picture.isNull())
+        return {};
+    QImage shaped(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    shaped.fill(Qt::transparent);
+    QPainter painter(&shaped);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QBrush(picture));
+    const QTransform toPicture =
+        QTransform::fromScale(picture.width() / DesignWidth, picture.height() / DesignHeight);
+    painter.drawPath(toPicture.map(cardOutline()));
+    return shaped;
+}
+
 QImage renderBuiltinBack(QSize size)
 {
     return renderBack(0, size);

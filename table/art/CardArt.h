@@ -39,6 +39,9 @@ QImage renderSplashMask(QSize size);
 // The network waiting indicator: four pictures of an hourglass shown in turn (index 0..3; other
 // numbers wrap round), transparent around it.
 QImage renderWaitPicture(int index, QSize size);
+// The picture with everything outside the card's rounded outline made transparent, so a square
+// back picture (a deck*.bmp file has no transparency) sits on the table like the faces do.
+QImage cutToCardShape(const QImage &picture);
 // The program's icon: fanned cards on green baize, the front one showing "99".
 QImage renderAppIcon(int size);
 
@@ -52,7 +55,8 @@ public:
     // Face of card code 0..51 for a slot of `size` device-independent pixels; any other code, or
     // an empty size, gives a null pixmap.
     QPixmap face(int code, QSize size, qreal dpr);
-    // The current back at that size: the built-in back, or the chosen picture scaled smoothly.
+    // The current back at that size: the built-in back, or the chosen picture scaled smoothly
+    // and cut to the card's rounded outline.
     QPixmap back(QSize size, qreal dpr);
     // A back picture chosen by the player (empty image: the built-in back).
     void setBackPicture(const QImage &picture);

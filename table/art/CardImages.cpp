@@ -76,7 +76,8 @@ QPixmap CardImages::back(QSize size, qreal dpr)
         m_backs.clear();
     const QImage image = m_backPicture.isNull()
                              ? CardArt::renderBuiltinBack(device)
-                             : m_backPicture.scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+                             : CardArt::cutToCardShape(m_backPicture.scaled(device, Qt::IgnoreAspectRatio,
+                                                                            Qt::SmoothTransformation));
     QPixmap pixmap = QPixmap::fromImage(image);
     pixmap.setDevicePixelRatio(dpr);
     m_backs.emplace(key, pixmap);

@@ -17,6 +17,7 @@ const QColor Cream(252, 245, 226);
 const QColor Royal(34, 70, 158);
 const QColor Crimson(198, 30, 45);
 const QColor Sable(34, 36, 46);
+const QColor Forest(26, 110, 72);
 
 struct Palette {
     QColor robe;
@@ -30,11 +31,12 @@ Palette paletteFor(Suit suit)
     case Suit::Clubs: return {Sable, Royal, inkColour(suit)};
     case Suit::Diamonds: return {Crimson, Sable, inkColour(suit)};
     case Suit::Hearts: return {Crimson, Royal, inkColour(suit)};
-    case Suit::Spades: return {Sable, Crimson, inkColour(suit)};
+    case Suit::Spades: return {Sable, Forest, inkColour(suit)};
     }
-    return {Sable, Crimson, inkColour(suit)};
+    return {Sable, Forest, inkColour(suit)};
 }
 
+// Black suits wear no red, so a court's colours alone tell its suit's colour.
 // One half of the panel, in its own coordinates: x 0..w, y 0..h, the figure centred on x = w / 2.
 class Bust {
 public:
@@ -148,7 +150,7 @@ private:
         p.drawEllipse(QPointF(cx + 1.9, 15.0), 0.55, 0.6);
         p.setPen(QPen(QColor(150, 90, 70), line * 0.8, Qt::SolidLine, Qt::RoundCap));
         p.drawLine(QPointF(cx, 15.6), QPointF(cx - 0.5, 17.4));
-        p.setPen(QPen(QColor(190, 40, 50), line * 1.2, Qt::SolidLine, Qt::RoundCap));
+        p.setPen(QPen(QColor(186, 96, 92), line * 1.2, Qt::SolidLine, Qt::RoundCap));
         p.drawLine(QPointF(cx - 1.2, 19.0), QPointF(cx + 1.2, 19.0));
 
         if (rank == 13) {
@@ -219,7 +221,7 @@ private:
             tiara.closeSubpath();
             p.setBrush(Gold);
             p.drawPath(tiara);
-            p.setBrush(Crimson);
+            p.setBrush(isRed(suit) ? Crimson : Royal);
             p.drawEllipse(QPointF(cx, 7.6), 1.1, 1.3);
             p.setBrush(Qt::white);
             p.drawEllipse(QPointF(cx - 3.8, 8.6), 0.6, 0.6);
@@ -257,8 +259,8 @@ private:
             // A flower held up at the left.
             p.setPen(QPen(QColor(40, 120, 50), 0.9, Qt::SolidLine, Qt::RoundCap));
             p.drawLine(QPointF(8.5, h), QPointF(5.5, 11.0));
-            p.setPen(QPen(QColor(120, 30, 40), line));
-            p.setBrush(QColor(232, 80, 110));
+            p.setPen(QPen(isRed(suit) ? QColor(120, 30, 40) : QColor(80, 80, 110), line));
+            p.setBrush(isRed(suit) ? QColor(232, 80, 110) : QColor(236, 238, 248));
             for (int petal = 0; petal < 5; ++petal) {
                 p.save();
                 p.translate(5.5, 9.5);
