@@ -1,0 +1,89 @@
+// Writes the files the game loads from its own folder: the card backs deck1.bmp .. deckN.bmp, the
+// win sound CHEER.WAV and the icon qx.png. Run by the build:
+//     qx_make_assets <output folder> <number of backs>
+// The number of backs is the build's own count; a mismatch with the drawings stops the build.
+
+#include "CardArt.h"
+#include "CheerSound.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QPainter>
+
+#include <cstdio>
+
+namespace {
+
+// The size the card-back chooser shows and the table scales from: twice the design size, so
+// the backs stay crisp on the large cards.
+const QSize BackFileSize(142, 192);
+const int IconSize = 256;
+
+bool fail(const QString &message)
+{
+    std::fprintf(stderr, "qx_make_assets: %s\n", qPrintable(message));
+    return false;
+}
+
+bool writeBacks(const QDir &folder, int count)
+{
+    for (int design = 1; design <= count; ++design) {
+        // BMP has no transparency: the corners outside the rounded card are white.
+        QImage file(BackFileSize, QImage::Format_RGB32);
+        file.fill(Qt::white);
+        QPainter painter(&file);
+        painter.drawImage(0, 0, qx::CardArt::renderBackDesign(design, BackFileSize));
+        painter.end();
+        const QString path = folder.filePath(QStringLiteral("deck%1.bmp").arg(design));
+        if (!file.save(path, "BMP"))
+            return fail(QStringLiteral("cannot write %1").arg(path));
+    }
+    return true;
+}
+
+bool writeCheer(const QDir &folder)
+{
+    const QString path = folder.filePath(QStringLiteral("CHEER.WAV"));
+    QFile file(path);
+    const QByteArray wave = qx::CheerSound::waveFile(qx::CheerSound::synthesise(), qx::CheerSound::SampleRate);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(wave) != wave.size())
+        return fail(QStringLiteral("cannot write %1").arg(path));
+    return true;
+}
+
+bool writeIcon(const QDir &folder)
+{
+    const QString path = folder.filePath(QStringLiteral("qx.png"));
+    if (!qx::CardArt::renderAppIcon(IconSize).save(path, "PNG"))
+        return fail(QStringLiteral("cannot write %1").arg(path));
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Drawing text needs a GUI application, but never a screen.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+
+    const QStringList args = QCoreApplication::arguments();
+    bool countOk = false;
+    const int backs = args.size() == 3 ? args.at(2).toInt(&countOk) : 0;
+    if (!countOk) {
+        fail(QStringLiteral("usage: qx_make_assets <output folder> <number of backs>"));
+        return 2;
+    }
+    if (backs != qx::CardArt::backDesignCount()) {
+        fail(QStringLiteral("the build expects %1 backs but %2 are drawn").arg(backs).arg(qx::CardArt::backDesignCount()));
+        return 2;
+    }
+    const QDir folder(args.at(1));
+    if (!folder.mkpath(QStringLiteral("."))) {
+        fail(QStringLiteral("cannot create %1").arg(folder.path()));
+        return 1;
+    }
+    return writeBacks(folder, backs) && writeCheer(folder) && writeIcon(folder) ? 0 : 1;
+}
