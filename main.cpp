@@ -1,0 +1,21 @@
+#include "MainWindow.h"
+#include "SplashWindow.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("QX"));
+
+    // The splash covers the main window's loading.
+    qx::SplashWindow splash;
+    splash.show();
+    splash.drawSplash();
+    QApplication::processEvents();
+
+    qx::MainWindow window;
+    window.show();
+    splash.close();
+    return QApplication::exec();
+}

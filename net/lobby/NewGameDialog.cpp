@@ -1,0 +1,253 @@
+#include "NewGameDialog.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace qx {
+
+namespace {
+const char TagProperty[] = "Tag";
+constexpr int DefaultPlayersIndex = 2; // four seats
+} // namespace
+
+SeatBox::SeatBox(const QString &caption, QWidget *parent) : QCheckBox(caption, parent)
+{
+    setTristate(true);
+}
+
+int SeatBox::value() const
+{
+    switch (checkState()) {
+    case Qt::Checked: return LocalHuman;
+    case Qt::PartiallyChecked: return RemoteHuman;
+    default: return Computer;
+    }
+}
+
+void SeatBox::setValue(int value)
+{
+    setCheckState(value == LocalHuman ? Qt::Checked : value == RemoteHuman ? Qt::PartiallyChecked : Qt::Unchecked);
+}
+
+void SeatBox::nextCheckState()
+{
+    setCheckState(checkState() == Qt::Unchecked ? Qt::Checked : Qt::Unchecked);
+}
+
+NewGameDialog::NewGameDialog(QWidget *parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmNewGame"));
+    setWindowTitle(QStringLiteral("New Game"));
+    setModal(true);
+
+    buildPlayersFrame();
+    buildHumansFrame();
+    buildNetworkControls();
+
+    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
+    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    cmdOK->setDefault(true);
+    cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    connect(cmdOK, &QPushButton::clicked, this, &NewGameDialog::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &NewGameDialog::cmdCancel_Click);
+
+    auto *network = new QGridLayout;
+    network->addWidget(chkNetwork, 0, 0, 1, 2);
+    network->addWidget(optHost, 1, 0);
+    network->addWidget(optGuest, 1, 1);
+    network->addWidget(lblHost, 2, 0);
+    network->addWidget(txtHost, 2, 1);
+    network->addWidget(lblStatus, 3, 0, 1, 2);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+
+    auto *main = new QVBoxLayout(this);
+    main->addWidget(Frame1);
+    main->addWidget(Frame2);
+    main->addLayout(network);
+    main->addLayout(buttons);
+
+    optPlayers[DefaultPlayersIndex]->setChecked(true);
+    optPlayers_Click(DefaultPlayersIndex);
+    chkHuman[0]->setValue(LocalHuman);
+    updateNetworkControls();
+    takeSnapshot();
+}
+
+void NewGameDialog::buildPlayersFrame()
+{
+    Frame1 = new QGroupBox(QStringLiteral("Number of Players"), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    auto *grid = new QGridLayout(Frame1);
+    auto *group = new QButtonGroup(this);
+    for (int i = 0; i < 9; ++i) {
+        auto *button = new QRadioButton(QString::number(i + 2), Frame1);
+        button->setObjectName(QStringLiteral("optPlayers%1").arg(i));
+        optPlayers[static_cast<size_t>(i)] = button;
+        group->addButton(button, i);
+        grid->addWidget(button, 0, i);
+        connect(button, &QRadioButton::clicked, this, [this, i] { optPlayers_Click(i); });
+    }
+}
+
+void NewGameDialog::buildHumansFrame()
+{
+    Frame2 = new QGroupBox(QStringLiteral("Human Players"), this);
+    Frame2->setObjectName(QStringLiteral("Frame2"));
+    auto *grid = new QGridLayout(Frame2);
+    for (int i = 0; i < MaxSeats; ++i) {
+        auto *box = new SeatBox(QString::number(i + 1), Frame2);
+        box->setObjectName(QStringLiteral("chkHuman%1").arg(i));
+        box->setProperty(TagProperty, QString());
+        chkHuman[static_cast<size_t>(i)] = box;
+        grid->addWidget(box, i / 5, i % 5);
+    }
+}
+
+void NewGameDialog::buildNetworkControls()
+{
+    chkNetwork = new QCheckBox(QStringLiteral("Network Play"), this);
+    chkNetwork->setObjectName(QStringLiteral("chkNetwork"));
+    optHost = new QRadioButton(QStringLiteral("Host"), this);
+    optHost->setObjectName(QStringLiteral("optHost"));
+    optHost->setChecked(true);
+    optGuest = new QRadioButton(QStringLiteral("Guest"), this);
+    optGuest->setObjectName(QStringLiteral("optGuest"));
+    lblHost = new QLabel(QStringLiteral("Host's Name/IP:"), this);
+    lblHost->setObjectName(QStringLiteral("lblHost"));
+    txtHost = new QLineEdit(this);
+    txtHost->setObjectName(QStringLiteral("txtHost"));
+    lblHost->setBuddy(txtHost);
+    lblStatus = new QLabel(this);
+    lblStatus->setObjectName(QStringLiteral("lblStatus"));
+    tmrCheck = new QTimer(this);
+    tmrCheck->setObjectName(QStringLiteral("tmrCheck"));
+    tmrCheck->setInterval(5000);
+    connect(chkNetwork, &QCheckBox::toggled, this, &NewGameDialog::updateNetworkControls);
+    connect(optGuest, &QRadioButton::toggled, this, &NewGameDialog::updateNetworkControls);
+}
+
+void NewGameDialog::updateNetworkControls()
+{
+    const bool network = chkNetwork->isChecked();
+    optHost->setEnabled(network);
+    optGuest->setEnabled(network);
+    const bool guest = network && optGuest->isChecked();
+    lblHost->setEnabled(guest);
+    txtHost->setEnabled(guest);
+}
+
+void NewGameDialog::runModal()
+{
+    Tag.clear();
+    takeSnapshot();
+    exec();
+}
+
+int NewGameDialog::playersIndex() const
+{
+    for (int i = 0; i < 9; ++i)
+        if (optPlayers[static_cast<size_t>(i)]->isChecked())
+            return i;
+    return 0;
+}
+
+int NewGameDialog::seatValue(int box) const { return chkHuman.at(static_cast<size_t>(box))->value(); }
+
+QString NewGameDialog::seatToolTip(int box) const { return chkHuman.at(static_cast<size_t>(box))->toolTip(); }
+
+QString NewGameDialog::seatTag(int box) const
+{
+    return chkHuman.at(static_cast<size_t>(box))->property(TagProperty).toString();
+}
+
+void NewGameDialog::setSeatTag(int box, const QString &tag)
+{
+    chkHuman.at(static_cast<size_t>(box))->setProperty(TagProperty, tag);
+}
+
+bool NewGameDialog::networkChecked() const { return chkNetwork->isChecked(); }
+
+bool NewGameDialog::hostSelected() const { return optHost->isChecked(); }
+
+NewGameSetup NewGameDialog::setup() const
+{
+    NewGameSetup s;
+    s.numPlayers = playersIndex() + 2;
+    for (int i = 0; i < MaxSeats; ++i) {
+        SeatChoice &seat = s.seats[static_cast<size_t>(i)];
+        seat.type = static_cast<int16_t>(seatValue(i));
+        seat.name = seatToolTip(i);
+        // The numeric value of "0" followed by the tag: 0 for an empty or unreadable tag.
+        seat.client = static_cast<int16_t>((QStringLiteral("0") + seatTag(i)).toInt());
+    }
+    s.netMode = !networkChecked() ? LocalGame : hostSelected() ? NetHostMode : NetGuestMode;
+    return s;
+}
+
+void NewGameDialog::optPlayers_Click(int index)
+{
+    for (int i = 0; i < MaxSeats; ++i) {
+        SeatBox *box = chkHuman[static_cast<size_t>(i)];
+        const bool inGame = i < index + 2;
+        box->setEnabled(inGame);
+        if (!inGame)
+            box->setValue(Computer);
+    }
+}
+
+void NewGameDialog::cmdOK_Click()
+{
+    Tag.clear();
+    hide();
+}
+
+void NewGameDialog::cmdCancel_Click()
+{
+    Tag = QStringLiteral("CANCEL");
+    chkNetwork->setChecked(false);
+    restoreSnapshot();
+    hide();
+}
+
+void NewGameDialog::reject()
+{
+    // The close box and Esc cancel, as the Cancel button does.
+    cmdCancel_Click();
+}
+
+void NewGameDialog::takeSnapshot()
+{
+    m_savedPlayers = playersIndex();
+    for (int i = 0; i < MaxSeats; ++i) {
+        const SeatBox *box = chkHuman[static_cast<size_t>(i)];
+        m_savedSeats[static_cast<size_t>(i)] = {box->value(), box->isEnabled(), box->toolTip(), seatTag(i)};
+    }
+}
+
+void NewGameDialog::restoreSnapshot()
+{
+    optPlayers[static_cast<size_t>(m_savedPlayers)]->setChecked(true);
+    for (int i = 0; i < MaxSeats; ++i) {
+        SeatBox *box = chkHuman[static_cast<size_t>(i)];
+        const SeatSnapshot &saved = m_savedSeats[static_cast<size_t>(i)];
+        box->setValue(saved.value);
+        box->setEnabled(saved.enabled);
+        box->setToolTip(saved.toolTip);
+        setSeatTag(i, saved.tag);
+    }
+}
+
+} // namespace qx

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+#include <QImage>
+#include <QStringList>
+
+#include <vector>
+
+namespace qx {
+
+class BackTile;
+
+// frmCardBack, "Choose a card back": the built-in back (number 0) and the deck*.bmp pictures
+// of the program's folder in plain string order of their names (at most 37 backs in all), in a
+// grid of six columns. A click chooses a back and hides the chooser.
+class CardBackChooser : public QDialog {
+    Q_OBJECT
+public:
+    static constexpr int MaxBacks = 37;
+    static constexpr int Columns = 6;
+    static constexpr int Spacing = 16; // 240 twips
+
+    // The folder of the back files: the program's own unless given.
+    explicit CardBackChooser(QWidget *parent = nullptr, const QString &folder = {});
+
+    // Form_Load: finds the back files and lays the grid out. Runs once on construction.
+    void load();
+    void setFolder(const QString &folder);
+    QString folder() const { return m_folder; }
+
+    int count() const { return static_cast<int>(m_pictures.size()); }
+    QImage picture(int number) const;
+    // The files behind backs 1 and up, in their order.
+    QStringList fileNames() const { return m_files; }
+    // The element that shows back `number` (picDeck(number)).
+    QWidget *picDeck(int number) const;
+
+    void picDeck_Click(int index);
+
+signals:
+    void chosen(int number);
+
+private:
+    QString m_folder;
+    QStringList m_files;
+    std::vector<QImage> m_pictures;
+    std::vector<BackTile *> m_tiles;
+};
+
+} // namespace qx

@@ -1,0 +1,341 @@
+#include "MainWindow.h"
+
+#include "AboutBox.h"
+#include "Animation.h"
+#include "CardBackChooser.h"
+#include "CardSlot.h"
+#include "NewGameDialog.h"
+#include "StrikesWindow.h"
+#include "TableView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTimer>
+
+namespace qx {
+
+namespace {
+// The play area's size at the start; the card sizes are scales of it.
+constexpr QSize StartPlayArea(720, 540);
+const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("frmQX"));
+    setWindowIcon(QIcon(QPixmap::fromImage(CardArt::renderAppIcon(64))));
+
+    m_engine = std::make_unique<TurnEngine>(m_state, *this, m_random);
+    m_menus = buildMenus(menuBar());
+
+    m_view = new TableView(m_state, m_images, this);
+    m_view->setTally(&m_tally);
+    setCentralWidget(m_view);
+    m_animator = std::make_unique<CardAnimator>(m_state, *picCard(0), *picDeck(), m_waiter);
+    picDeck()->setPicture(CardPicture::back());
+    for (int i = PileSlot; i <= FirstHandSlot + 2; ++i)
+        connect(picCard(i), &CardSlot::clicked, this, &MainWindow::picCard_Click);
+    connect(m_view->cmdContinue(), &QPushButton::clicked, this, &MainWindow::cmdContinue_Click);
+    buildResumeKeys();
+
+    m_tmrNetwork = new QTimer(this);
+    m_tmrNetwork->setObjectName(QStringLiteral("tmrNetwork"));
+    m_tmrNetwork->setInterval(1000);
+    connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
+    for (int i = 0; i < 4; ++i)
+        m_imgWait[static_cast<size_t>(i)] = CardArt::renderWaitPicture(i, QSize(64, 64));
+
+    m_newGame = new NewGameDialog(this);
+    m_strikes = new StrikesWindow(m_state, this, m_view);
+
+    ask = [this](const QString &text) {
+        return QMessageBox::question(this, QStringLiteral("QX"), text, QMessageBox::Yes | QMessageBox::No)
+               != QMessageBox::No;
+    };
+    runNewGameDialog = [this] { m_newGame->runModal(); };
+    quitProgram = [] { QCoreApplication::quit(); };
+    guestTakeOver = [this] { m_engine->GameOver(); };
+
+    connectMenus();
+
+    // The load: the game's start values, the settings, the card size, then the first activation.
+    m_state.Frames = 10;
+    m_state.NumberOfDecks = 1;
+    m_menus.mnuGTakeOver->setEnabled(false);
+    setCaption(IdleCaption);
+    resize(StartPlayArea.width(), StartPlayArea.height() + menuBar()->sizeHint().height());
+    saveDefaultsAtStart();
+    mnuCSize_Click(2);
+    firstActivation();
+    m_view->cmdScapeGoat()->setFocus();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectMenus()
+{
+    connect(m_menus.mnuGNew, &QAction::triggered, this, &MainWindow::mnuGNew_Click);
+    connect(m_menus.mnuGTakeOver, &QAction::triggered, this, &MainWindow::mnuGTakeOver_Click);
+    connect(m_menus.mnuGExit, &QAction::triggered, this, &MainWindow::mnuGExit_Click);
+    for (QAction *item : m_menus.sizeItems) {
+        const int index = item->data().toInt();
+        connect(item, &QAction::triggered, this, [this, index] { mnuCSize_Click(index); });
+    }
+    connect(m_menus.mnuOScore, &QAction::toggled, this, &MainWindow::repaintTable);
+}
+
+void MainWindow::buildResumeKeys()
+{
+    // Enter and Esc press "&Resume" while it shows, as a dialog's default and cancel button.
+    const QKeySequence keys[] = {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter),
+                                 QKeySequence(Qt::Key_Escape)};
+    for (size_t i = 0; i < m_resumeKeys.size(); ++i) {
+        m_resumeKeys[i] = new QShortcut(keys[i], this);
+        m_resumeKeys[i]->setEnabled(false);
+        connect(m_resumeKeys[i], &QShortcut::activated, m_view->cmdContinue(), &QPushButton::click);
+    }
+}
+
+void MainWindow::saveDefaultsAtStart() {}
+
+void MainWindow::loadUserOptionsAtStart() {}
+
+void MainWindow::firstActivation()
+{
+    if (m_activated)
+        return;
+    m_activated = true;
+    if (QLayout *l = layout())
+        l->activate();
+    loadUserOptionsAtStart();
+}
+
+CardBackChooser *MainWindow::cardBackChooser()
+{
+    if (!m_chooser) {
+        m_chooser = new CardBackChooser(this);
+        connect(m_chooser, &CardBackChooser::chosen, this, &MainWindow::setCardBack);
+    }
+    return m_chooser;
+}
+
+AboutBox *MainWindow::aboutBox()
+{
+    if (!m_about)
+        m_about = new AboutBox(this);
+    return m_about;
+}
+
+CardSlot *MainWindow::picCard(int index) const
+{
+    checkIndex(index >= 0 && index <= FirstHandSlot + 2, "picCard", index);
+    return m_view->slot(index);
+}
+
+CardSlot *MainWindow::picDeck() const { return m_view->slot(DeckSlot); }
+
+CardSlot *MainWindow::slotOf(int slot) const { return m_view->slot(slot); }
+
+// ---- Game menu ----
+
+void MainWindow::mnuGNew_Click()
+{
+    if (m_state.NetMode != LocalGame) {
+        if (!ask(QStringLiteral("Are you sure you want to end this network game?")))
+            return;
+        // Cancel ends the network session; the dialog's own Tag is not the answer here.
+        m_newGame->cmdCancel->click();
+        m_newGame->Tag.clear();
+        m_state.NetMode = LocalGame;
+    }
+    m_networkTag.clear();
+    runNewGameDialog();
+    if (m_newGame->Tag == QLatin1String("CANCEL"))
+        return;
+
+    const NewGameSetup setup = m_newGame->setup();
+    if (setup.netMode == NetGuestMode) {
+        // This copy's seat: the highest seat that is not the computer's.
+        for (int seat = 1; seat <= MaxSeats; ++seat)
+            if (setup.seats[static_cast<size_t>(seat - 1)].type != Computer)
+                NetSeat = seat;
+    }
+    m_engine->StartNewGame(setup);
+    refreshStrikeMarks();
+    if (setup.netMode == NetGuestMode) {
+        setNetworkTimer(true);
+        if (!m_networkTag.isEmpty()) {
+            const QString line = m_networkTag;
+            m_networkTag.clear();
+            if (networkGuest)
+                networkGuest(line);
+        }
+    }
+}
+
+void MainWindow::mnuGTakeOver_Click()
+{
+    if (m_state.NetMode != NetGuestMode) {
+        m_engine->TakeOver();
+        return;
+    }
+    const int seat = m_state.CurrentPlayer;
+    if (seat >= 1 && seat <= MaxSeats && m_state.PlayerType(seat) != Computer && guestTakeOver)
+        guestTakeOver();
+}
+
+void MainWindow::mnuGExit_Click()
+{
+    if (!picCard(FirstHandSlot)->showsCard() && m_state.CurrentPlayer < 1) {
+        endProgram();
+        return;
+    }
+    if (ask(QStringLiteral("Are you sure you want to quit?")))
+        endProgram();
+}
+
+void MainWindow::endProgram()
+{
+    m_quitting = true;
+    // Whatever waits underneath this command must find its game gone and stop at once.
+    m_engine->AbandonGame();
+    m_waiter.release();
+    m_strikes->hide();
+    hide();
+    quitProgram();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    // The close box goes through Exit; any other close (the session ending) ends at once.
+    if (m_quitting || !event->spontaneous()) {
+        m_quitting = true;
+        m_waiter.release();
+        event->accept();
+        return;
+    }
+    event->ignore();
+    mnuGExit_Click();
+}
+
+// ---- Card size ----
+
+bool MainWindow::inNormalState() const
+{
+    return !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+}
+
+void MainWindow::mnuCSize_Click(int index)
+{
+    if (!inNormalState())
+        return;
+    if (m_baseOuterWidth == 0) {
+        if (QLayout *l = layout())
+            l->activate();
+        m_baseOuterWidth = width();
+        m_horizontalBorder = width() - m_view->width();
+        m_baseOuterHeight = height();
+        m_verticalBorder = height() - m_view->height();
+    }
+    const int w = m_horizontalBorder + qRound((m_baseOuterWidth - m_horizontalBorder) * index / 2.0);
+    const int h = m_verticalBorder + qRound((m_baseOuterHeight - m_verticalBorder) * index / 2.0);
+    m_commandedSize = QSize(w, h);
+    m_commandedIndex = index;
+    resize(w, h);
+    if (QAction *item = m_menus.mnuCSize(index))
+        item->setChecked(true);
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (!inNormalState())
+        return;
+    // The marks tell only which command last set the size: any other resize clears them.
+    for (QAction *item : m_menus.sizeItems)
+        item->setChecked(false);
+    if (!m_baseLayoutRecorded) {
+        m_baseLayoutRecorded = true;
+        m_menus.mnuCSize(2)->setChecked(true);
+    }
+    if (m_commandedSize.isValid()) {
+        if (size() == m_commandedSize)
+            m_menus.mnuCSize(m_commandedIndex)->setChecked(true);
+        else
+            m_commandedSize = QSize();
+    }
+    if (m_strikes->isVisible())
+        refreshStrikeMarks();
+}
+
+void MainWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    // The strike marks go away with a minimised window and come back with it.
+    if (isMinimized())
+        m_strikes->hide();
+    else if (isVisible() && !m_quitting)
+        m_strikes->show();
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (!isMinimized() && !m_quitting) {
+        refreshStrikeMarks();
+        m_strikes->show();
+    }
+}
+
+// ---- Cards and keys ----
+
+void MainWindow::picCard_Click(int index) { m_engine->picCard_Click(index); }
+
+void MainWindow::Form_KeyPress(int keyAscii)
+{
+    // Outside a game there is no seat whose keys these could be.
+    if (m_state.CurrentPlayer < 1 || m_state.CurrentPlayer > MaxSeats)
+        return;
+    m_engine->Form_KeyPress(keyAscii);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    const QString text = event->text();
+    if (text.size() == 1 && text[0] >= QLatin1Char('1') && text[0] <= QLatin1Char('3')) {
+        Form_KeyPress(text[0].unicode());
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void MainWindow::cmdContinue_Click()
+{
+    m_engine->cmdContinue_Click();
+    m_waiter.wake();
+}
+
+void MainWindow::tmrNetwork_Timer()
+{
+    if (m_state.Pausing)
+        return;
+    QLabel *wait = m_view->picWait();
+    if (!wait->isVisible()) {
+        wait->show();
+        m_waitPicture = -1;
+    }
+    if (++m_waitPicture > 3)
+        m_waitPicture = 0;
+    wait->setPixmap(QPixmap::fromImage(m_imgWait[static_cast<size_t>(m_waitPicture)]));
+}
+
+} // namespace qx

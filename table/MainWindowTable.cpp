@@ -1,0 +1,237 @@
+// The main window as the engine's Table and as the options' target.
+#include "MainWindow.h"
+
+#include "AboutBox.h"
+#include "Animation.h"
+#include "CardBackChooser.h"
+#include "CardSlot.h"
+#include "SeatName.h"
+#include "StrikesWindow.h"
+#include "TableView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTimer>
+
+namespace qx {
+
+// ---- Card slots ----
+
+void MainWindow::showFace(int slot, int code)
+{
+    slotOf(slot)->setPicture(CardPicture::face(code));
+    m_view->stateChanged();
+}
+
+void MainWindow::showBack(int slot)
+{
+    slotOf(slot)->setPicture(CardPicture::back());
+    m_view->stateChanged();
+}
+
+void MainWindow::clearSlot(int slot)
+{
+    slotOf(slot)->clearPicture();
+    m_view->stateChanged();
+}
+
+bool MainWindow::slotShowsCard(int slot) const { return slotOf(slot)->showsCard(); }
+
+// ---- Texts ----
+
+void MainWindow::setCaption(const QString &text) { setWindowTitle(text); }
+
+QString MainWindow::caption() const { return windowTitle(); }
+
+void MainWindow::showMessage(const QString &text)
+{
+    noteWinner();
+    m_view->setMessage(text);
+}
+
+void MainWindow::noteWinner()
+{
+    // A game has just been won when the turn has gone to nobody while the seats are still
+    // there; the one seat still in play is the winner. Counted once a game.
+    if (m_state.CurrentPlayer != 0 || m_state.NumPlayers < 2 || m_talliedGame == m_engine->gameSerial())
+        return;
+    int winner = 0;
+    for (int seat = 1; seat <= m_state.NumPlayers; ++seat) {
+        if (m_state.isOut(seat))
+            continue;
+        if (winner != 0)
+            return;
+        winner = seat;
+    }
+    if (winner == 0)
+        return;
+    m_talliedGame = m_engine->gameSerial();
+    m_tally.recordWin(seatDisplayName(m_state, winner));
+}
+
+void MainWindow::refresh()
+{
+    m_view->setTallyShown(m_menus.mnuOScore->isChecked());
+    m_view->stateChanged();
+}
+
+void MainWindow::refreshStrikeMarks() { m_strikes->RefreshStrikeMarks(); }
+
+// ---- Waiting ----
+
+void MainWindow::pause(double seconds) { m_waiter.pause(seconds); }
+
+void MainWindow::processEvents()
+{
+    if (!m_waiter.released())
+        QCoreApplication::processEvents();
+}
+
+void MainWindow::waitForResume(const std::function<bool()> &resumed)
+{
+    QPushButton *resume = m_view->cmdContinue();
+    resume->show();
+    resume->raise();
+    for (QShortcut *key : m_resumeKeys)
+        key->setEnabled(true);
+    m_view->cmdScapeGoat()->setFocus();
+    m_view->stateChanged();
+    m_waiter.waitUntil(resumed);
+    refresh();
+}
+
+void MainWindow::hideResume()
+{
+    m_view->cmdContinue()->hide();
+    for (QShortcut *key : m_resumeKeys)
+        key->setEnabled(false);
+}
+
+void MainWindow::waitUntil(const std::function<bool()> &done) { m_waiter.waitUntil(done); }
+
+void MainWindow::wake()
+{
+    m_view->stateChanged();
+    m_waiter.wake();
+}
+
+// ---- Animations and sounds ----
+
+void MainWindow::animateCardMove(int fromSlot, int toSlot)
+{
+    m_animator->AnimateCardMove(*slotOf(fromSlot), *slotOf(toSlot));
+    m_view->stateChanged();
+}
+
+void MainWindow::animateCardFlip(int slot, int code)
+{
+    m_animator->AnimateCardFlip(*slotOf(slot), code);
+    m_view->stateChanged();
+}
+
+void MainWindow::beep() { QApplication::beep(); }
+
+void MainWindow::playCheer()
+{
+    if (cheer)
+        cheer();
+}
+
+// ---- Menus ----
+
+bool MainWindow::isChecked(Check option) const
+{
+    switch (option) {
+    case Check::Sound: return m_menus.mnuOSound->isChecked();
+    case Check::TallyScore: return m_menus.mnuOScore->isChecked();
+    case Check::ShowComputerMoves: return m_menus.mnuOShowComputer->isChecked();
+    case Check::PauseBeforeHumans: return m_menus.mnuOPSelect[0]->isChecked();
+    case Check::PauseBeforeComputers: return m_menus.mnuOPSelect[1]->isChecked();
+    case Check::PauseAfterStrikes: return m_menus.mnuOPSelect[2]->isChecked();
+    }
+    return false;
+}
+
+void MainWindow::setTakeOverEnabled(bool enabled) { m_menus.mnuGTakeOver->setEnabled(enabled); }
+
+void MainWindow::setGuestMenusEnabled(bool enabled)
+{
+    m_menus.mnuOPause->menuAction()->setEnabled(enabled);
+    m_menus.mnuOShowComputer->setEnabled(enabled);
+    m_menus.mnuNumDecks->menuAction()->setEnabled(enabled);
+    m_menus.mnuOSave->setEnabled(enabled);
+    m_menus.mnuORestore->setEnabled(enabled);
+    m_menus.mnuORestoreDefault->setEnabled(enabled);
+}
+
+// ---- Network waiting indicator ----
+
+void MainWindow::setNetworkTimer(bool enabled)
+{
+    if (enabled)
+        m_tmrNetwork->start();
+    else
+        m_tmrNetwork->stop();
+}
+
+bool MainWindow::networkTimerEnabled() const { return m_tmrNetwork->isActive(); }
+
+void MainWindow::hideWaitIndicator() { m_view->picWait()->hide(); }
+
+// ---- Options ----
+
+QColor MainWindow::colorOf(qint32 value)
+{
+    if (value == ButtonFaceColor)
+        return QApplication::palette().color(QPalette::Button);
+    const auto bgr = static_cast<quint32>(value);
+    return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
+                  static_cast<int>((bgr >> 16) & 0xFF));
+}
+
+void MainWindow::applyBackColor(qint32 value)
+{
+    m_backColor = value;
+    const QColor color = colorOf(value);
+    QPalette pal = palette();
+    pal.setColor(QPalette::Window, color);
+    setPalette(pal);
+    // The desktop's colour leaves the cloth its own green; any other colour dyes the cloth.
+    m_view->setFeltColor(value == ButtonFaceColor ? QColor() : color);
+    m_strikes->setBackColor(color);
+    QPalette button = m_view->cmdContinue()->palette();
+    button.setColor(QPalette::Button, color);
+    m_view->cmdContinue()->setPalette(button);
+}
+
+int MainWindow::cardBackCount() const
+{
+    return const_cast<MainWindow *>(this)->cardBackChooser()->count();
+}
+
+void MainWindow::setCardBack(int number)
+{
+    CardBackChooser *chooser = cardBackChooser();
+    m_images.setBackPicture(number <= 0 ? QImage() : chooser->picture(number));
+    m_state.CardBack = static_cast<int16_t>(number);
+    for (int i = 0; i <= DeckSlot; ++i)
+        m_view->slot(i)->update();
+}
+
+void MainWindow::repaintTable() { refresh(); }
+
+void MainWindow::abandonGame()
+{
+    m_engine->AbandonGame();
+    refreshStrikeMarks();
+}
+
+void MainWindow::showCardBackChooser() { cardBackChooser()->exec(); }
+
+void MainWindow::showAbout() { aboutBox()->exec(); }
+
+} // namespace qx

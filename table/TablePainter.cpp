@@ -1,0 +1,397 @@
+#include "TablePainter.h"
+
+#include "GameState.h"
+#include "ScoreTally.h"
+#include "SeatName.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadialGradient>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace qx {
+
+namespace {
+
+const QColor Gold(255, 208, 84);
+const QColor Cream(250, 244, 226);
+const QColor StrikeRed(222, 52, 44);
+
+QStringList messageLines(const QString &text)
+{
+    QString t = text;
+    t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return t.split(QLatin1Char('\n'));
+}
+
+} // namespace
+
+QFont TablePainter::font(qreal pixels, bool bold) const
+{
+    QFont f(QStringLiteral("DejaVu Sans"));
+    f.setPixelSize(std::max(6, qRound(pixels)));
+    f.setBold(bold);
+    return f;
+}
+
+void TablePainter::paint()
+{
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::TextAntialiasing);
+    paintFelt();
+    paintCardBeds();
+    paintStock();
+    paintSeats();
+    paintTotal();
+    paintMessage();
+    paintKeys();
+    paintTally();
+}
+
+void TablePainter::paintFelt()
+{
+    const QRectF area(QPointF(0, 0), QSizeF(s.layout.area));
+    QRadialGradient glow(area.center(), std::max(area.width(), area.height()) * 0.65);
+    glow.setColorAt(0, s.felt.lighter(122));
+    glow.setColorAt(0.6, s.felt);
+    glow.setColorAt(1, s.felt.darker(165));
+    p.fillRect(area, glow);
+
+    // A printed line round the seats, and a bed round the pile, as on a card table's cloth.
+    const qreal u = s.layout.unit;
+    QColor line = s.felt.lighter(150);
+    line.setAlpha(70);
+    p.setPen(QPen(line, std::max(1.0, 0.005 * u)));
+    p.setBrush(Qt::NoBrush);
+    const qreal inset = 0.012 * u;
+    p.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), 0.06 * u, 0.06 * u);
+
+    const QRect &t = s.layout.total;
+    const QRect &st = s.layout.stock;
+    QRectF bed(QPointF(t.left(), s.layout.pile.top()), QPointF(st.right(), s.layout.pile.bottom()));
+    bed.adjust(-0.04 * u, -0.035 * u, 0.04 * u, 0.035 * u);
+    QColor bedFill = s.felt.darker(112);
+    bedFill.setAlpha(110);
+    p.setBrush(bedFill);
+    p.drawRoundedRect(bed, bed.height() / 2, bed.height() / 2);
+}
+
+void TablePainter::paintCardBeds()
+{
+    const qreal u = s.layout.unit;
+    const qreal radius = s.layout.card.width() / 10.0;
+    auto bed = [&](const QRect &r, bool shown) {
+        if (shown) {
+            // A soft shadow under a card that lies there.
+            p.setPen(Qt::NoPen);
+            for (int i = 3; i >= 1; --i) {
+                p.setBrush(QColor(0, 0, 0, 28));
+                p.drawRoundedRect(QRectF(r).translated(0.006 * u * i, 0.008 * u * i), radius, radius);
+            }
+        } else {
+            QColor edge = s.felt.lighter(160);
+            edge.setAlpha(90);
+            QPen pen(edge, std::max(1.0, 0.004 * u), Qt::DashLine);
+            p.setPen(pen);
+            p.setBrush(Qt::NoBrush);
+            p.drawRoundedRect(QRectF(r).adjusted(1, 1, -1, -1), radius, radius);
+        }
+    };
+    bed(s.layout.pile, s.pileShown);
+    for (int i = 0; i < 3; ++i)
+        bed(s.layout.hand[i], s.handShown[i]);
+}
+
+void TablePainter::paintStock()
+{
+    if (!s.stockShown)
+        return;
+    const qreal u = s.layout.unit;
+    const QRectF r(s.layout.stock);
+    const qreal radius = r.width() / 10.0;
+    // The edges of the cards underneath the top one.
+    p.setPen(QPen(QColor(120, 120, 120), std::max(1.0, 0.002 * u)));
+    for (int i = 3; i >= 1; --i) {
+        p.setBrush(QColor(236, 232, 222));
+        p.drawRoundedRect(r.translated(0.007 * u * i, 0.007 * u * i), radius, radius);
+    }
+
+    if (!s.state.gameRunning() && s.state.Total < 0)
+        return;
+    const int left = std::max(0, s.state.stockSize() - s.state.DeckPos + 1);
+    p.setFont(font(0.032 * u));
+    p.setPen(QColor(255, 255, 255, 190));
+    p.drawText(s.layout.stockCount, Qt::AlignCenter,
+               left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left));
+}
+
+void TablePainter::paintSeats()
+{
+    const int seats = std::min<int>(s.state.NumPlayers, static_cast<int>(s.layout.seats.size()));
+    for (int seat = 1; seat <= seats; ++seat)
+        paintSeat(seat, s.layout.seats[static_cast<size_t>(seat - 1)]);
+}
+
+void TablePainter::paintSeat(int seat, const QRect &plate)
+{
+    const GameState &g = s.state;
+    const bool current = g.CurrentPlayer == seat;
+    const bool out = g.isOut(seat);
+    const QRectF r(plate);
+    const qreal h = r.height();
+    const qreal radius = h * 0.28;
+
+    if (current) {
+        // A warm glow round the seat whose turn it is.
+        for (int i = 4; i >= 1; --i) {
+            QColor halo = Gold;
+            halo.setAlpha(22 * (5 - i));
+            p.setPen(Qt::NoPen);
+            p.setBrush(halo);
+            const qreal grow = h * 0.045 * i;
+            p.drawRoundedRect(r.adjusted(-grow, -grow, grow, grow), radius + grow, radius + grow);
+        }
+        QLinearGradient fill(r.topLeft(), r.bottomLeft());
+        fill.setColorAt(0, QColor(255, 236, 170));
+        fill.setColorAt(1, Gold);
+        p.setBrush(fill);
+        p.setPen(QPen(QColor(150, 100, 20), std::max(1.0, h * 0.03)));
+    } else {
+        p.setBrush(QColor(0, 0, 0, out ? 55 : 115));
+        QColor edge = s.felt.lighter(170);
+        edge.setAlpha(out ? 50 : 110);
+        p.setPen(QPen(edge, std::max(1.0, h * 0.02)));
+    }
+    p.drawRoundedRect(r, radius, radius);
+
+    const QColor text = current ? QColor(50, 34, 6) : out ? QColor(255, 255, 255, 110) : QColor(255, 255, 255);
+    const qreal pad = h * 0.14;
+    const QRectF nameRect(r.left() + pad, r.top() + h * 0.08, r.width() - 2 * pad, h * 0.5);
+    // The name as large as the plate allows, shrunk to fit before it is ever cut short.
+    const QString fullName = seatDisplayName(g, seat);
+    QFont nameFont = font(h * 0.32, true);
+    const qreal wide = QFontMetricsF(nameFont).horizontalAdvance(fullName);
+    if (wide > nameRect.width())
+        nameFont = font(std::max(h * 0.22, h * 0.31 * nameRect.width() / wide), true);
+    p.setFont(nameFont);
+    p.setPen(text);
+    p.drawText(nameRect, Qt::AlignCenter,
+               QFontMetricsF(nameFont).elidedText(fullName, Qt::ElideRight, nameRect.width()));
+
+    // Three marks: a red cross for each strike taken, an empty ring for each still to come.
+    const qreal mark = h * 0.26;
+    const qreal markGap = mark * 0.55;
+    const qreal rowW = 3 * mark + 2 * markGap;
+    const qreal y = r.top() + h * 0.62;
+    qreal x = r.center().x() - rowW / 2;
+    if (out) {
+        p.setFont(font(h * 0.24, true));
+        p.setPen(QColor(255, 120, 110, 200));
+        p.drawText(QRectF(r.left(), y - h * 0.02, r.width(), mark + h * 0.04), Qt::AlignCenter,
+                   QStringLiteral("OUT"));
+        return;
+    }
+    for (int k = 0; k < 3; ++k, x += mark + markGap) {
+        const QRectF box(x, y, mark, mark);
+        if (k < g.Strikes(seat)) {
+            p.setPen(QPen(StrikeRed.darker(current ? 130 : 100), std::max(1.5, mark * 0.24), Qt::SolidLine,
+                          Qt::RoundCap));
+            p.drawLine(box.topLeft(), box.bottomRight());
+            p.drawLine(box.topRight(), box.bottomLeft());
+        } else {
+            QColor ring = text;
+            ring.setAlpha(current ? 140 : 90);
+            p.setPen(QPen(ring, std::max(1.0, mark * 0.12)));
+            p.setBrush(Qt::NoBrush);
+            p.drawEllipse(box.adjusted(mark * 0.15, mark * 0.15, -mark * 0.15, -mark * 0.15));
+        }
+    }
+}
+
+void TablePainter::paintTotal()
+{
+    const QRectF box(s.layout.total);
+    const qreal d = box.width();
+    const qreal u = s.layout.unit;
+    const int total = s.state.Total;
+
+    QColor ring(70, 140, 90);
+    if (total >= 90)
+        ring = StrikeRed;
+    else if (total >= 70)
+        ring = QColor(232, 150, 40);
+
+    QRadialGradient face(box.center() - QPointF(d * 0.15, d * 0.2), d * 0.7);
+    face.setColorAt(0, QColor(255, 255, 250));
+    face.setColorAt(1, Cream.darker(108));
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0, 0, 0, 70));
+    p.drawEllipse(box.translated(d * 0.025, d * 0.04));
+    p.setBrush(face);
+    p.setPen(QPen(total < 0 ? Gold : ring, std::max(2.0, d * 0.06)));
+    p.drawEllipse(box.adjusted(d * 0.03, d * 0.03, -d * 0.03, -d * 0.03));
+
+    if (total < 0) {
+        p.setFont(font(d * 0.36, true));
+        p.setPen(QColor(28, 90, 52));
+        p.drawText(box, Qt::AlignCenter, QStringLiteral("QX"));
+        return;
+    }
+
+    p.setFont(font(d * 0.11, true));
+    p.setPen(QColor(110, 100, 80));
+    p.drawText(QRectF(box.left(), box.top() + d * 0.14, d, d * 0.16), Qt::AlignCenter, QStringLiteral("TOTAL"));
+    p.setFont(font(d * 0.42, true));
+    p.setPen(total >= 90 ? StrikeRed.darker(120) : QColor(40, 36, 30));
+    p.drawText(QRectF(box.left(), box.top() + d * 0.27, d, d * 0.5), Qt::AlignCenter, QString::number(total));
+    p.setFont(font(d * 0.1));
+    p.setPen(QColor(120, 110, 90));
+    p.drawText(QRectF(box.left(), box.top() + d * 0.74, d, d * 0.13), Qt::AlignCenter, QStringLiteral("of 99"));
+
+    // Which way play goes round the table: clockwise while Direction is +1.
+    const qreal ringR = d / 2 + 0.028 * u;
+    const QRectF arcBox(box.center() - QPointF(ringR, ringR), QSizeF(2 * ringR, 2 * ringR));
+    const bool clockwise = s.state.Direction >= 0;
+    const qreal start = 120;            // degrees, counter-clockwise from three o'clock
+    const qreal span = clockwise ? -100 : 100;
+    QColor arrow(255, 255, 255, 150);
+    p.setPen(QPen(arrow, std::max(1.5, 0.008 * u), Qt::SolidLine, Qt::RoundCap));
+    p.setBrush(Qt::NoBrush);
+    for (int half = 0; half < 2; ++half) {
+        const qreal from = start + half * 180;
+        p.drawArc(arcBox, qRound(from * 16), qRound(span * 16));
+        const qreal end = (from + span) * std::numbers::pi / 180;
+        const QPointF tip = box.center() + QPointF(std::cos(end) * ringR, -std::sin(end) * ringR);
+        // The tangent at the arrow's tip, in the direction of travel.
+        const qreal sign = clockwise ? 1 : -1;
+        const QPointF along(sign * std::sin(end), sign * std::cos(end));
+        const QPointF across(-along.y(), along.x());
+        const qreal head = 0.022 * u;
+        QPainterPath headPath;
+        headPath.moveTo(tip + along * head);
+        headPath.lineTo(tip - along * head * 0.3 + across * head * 0.8);
+        headPath.lineTo(tip - along * head * 0.3 - across * head * 0.8);
+        headPath.closeSubpath();
+        p.setBrush(arrow);
+        p.setPen(Qt::NoPen);
+        p.drawPath(headPath);
+        p.setPen(QPen(arrow, std::max(1.5, 0.008 * u), Qt::SolidLine, Qt::RoundCap));
+        p.setBrush(Qt::NoBrush);
+    }
+}
+
+void TablePainter::paintMessage()
+{
+    const qreal u = s.layout.unit;
+    QString text = s.message;
+    const bool hint = text.isEmpty() && !s.state.gameRunning();
+    if (hint)
+        text = QStringLiteral("Press F2 to begin");
+    if (text.isEmpty())
+        return;
+
+    const QStringList lines = messageLines(text);
+    const QRectF area(s.layout.message);
+    qreal px = std::min(0.05 * u, area.height() / (lines.size() * 1.35 + 0.3));
+    QFont f = font(px, true);
+    qreal widest = 0;
+    for (const QString &line : lines)
+        widest = std::max(widest, QFontMetricsF(f).horizontalAdvance(line));
+    const qreal room = area.width() - 0.06 * u;
+    if (widest > room) {
+        px *= room / widest;
+        f = font(px, true);
+        widest = room;
+    }
+    const QFontMetricsF fm(f);
+    const qreal lineH = fm.height();
+    const qreal bannerH = std::min(area.height(), lines.size() * lineH + lineH * 0.6);
+    const qreal bannerW = std::min(area.width(), widest + 0.07 * u);
+    const QRectF banner(area.center().x() - bannerW / 2, area.bottom() - bannerH, bannerW, bannerH);
+
+    p.setPen(hint ? Qt::NoPen : QPen(QColor(255, 255, 255, 60), std::max(1.0, 0.003 * u)));
+    p.setBrush(QColor(0, 0, 0, hint ? 60 : 120));
+    p.drawRoundedRect(banner, bannerH * 0.3, bannerH * 0.3);
+    p.setFont(f);
+    p.setPen(hint ? QColor(255, 255, 255, 200) : Cream);
+    const qreal top = banner.center().y() - lines.size() * lineH / 2;
+    for (int i = 0; i < lines.size(); ++i)
+        p.drawText(QRectF(banner.left(), top + i * lineH, banner.width(), lineH), Qt::AlignCenter, lines[i]);
+}
+
+void TablePainter::paintKeys()
+{
+    if (!s.showKeys)
+        return;
+    const QRect &band = s.layout.keyHints;
+    const qreal h = band.height() * 0.78;
+    p.setFont(font(h * 0.62, true));
+    for (int i = 0; i < 3; ++i) {
+        if (!s.handShown[i])
+            continue;
+        const QRectF cap(s.layout.hand[i].center().x() - h * 0.6, band.top() + band.height() * 0.16, h * 1.2, h);
+        p.setPen(QPen(QColor(0, 0, 0, 90), 1));
+        p.setBrush(QColor(250, 246, 232, 220));
+        p.drawRoundedRect(cap, h * 0.22, h * 0.22);
+        p.setPen(QColor(40, 36, 30));
+        p.drawText(cap, Qt::AlignCenter, QString::number(i + 1));
+    }
+}
+
+void TablePainter::paintTally()
+{
+    if (!s.tally)
+        return;
+    const qreal u = s.layout.unit;
+    const QRectF area(s.layout.tally);
+    const qreal px = 0.03 * u;
+    const QFont head = font(px * 1.1, true);
+    const QFont body = font(px);
+    const qreal lineH = QFontMetricsF(body).height() * 1.15;
+    const qreal pad = 0.02 * u;
+
+    const auto rows = s.tally->standings();
+    const int room = std::max(0, static_cast<int>((area.height() - 2 * pad - lineH * 1.3) / lineH));
+    const int shown = std::min<int>(room, std::max<int>(1, static_cast<int>(rows.size())));
+    const qreal h = std::min(area.height(), 2 * pad + lineH * 1.3 + shown * lineH);
+    const QRectF panel(area.left(), area.bottom() - h, area.width(), h);
+
+    p.setPen(QPen(QColor(255, 255, 255, 45), 1));
+    p.setBrush(QColor(0, 0, 0, 95));
+    p.drawRoundedRect(panel, pad, pad);
+
+    const QRectF inner = panel.adjusted(pad, pad, -pad, -pad);
+    p.setFont(head);
+    p.setPen(Gold);
+    p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignLeft | Qt::AlignVCenter,
+               QStringLiteral("Games won"));
+    p.setFont(body);
+    p.setPen(QColor(255, 255, 255, 170));
+    p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignRight | Qt::AlignVCenter,
+               QStringLiteral("of %1").arg(s.tally->gamesPlayed()));
+
+    qreal y = inner.top() + lineH * 1.3;
+    if (rows.empty()) {
+        p.setPen(QColor(255, 255, 255, 140));
+        p.drawText(QRectF(inner.left(), y, inner.width(), lineH), Qt::AlignLeft | Qt::AlignVCenter,
+                   QStringLiteral("No winner yet"));
+        return;
+    }
+    const QFontMetricsF fm(body);
+    for (int i = 0; i < shown; ++i, y += lineH) {
+        const auto &[name, wins] = rows[static_cast<size_t>(i)];
+        const QString count = QString::number(wins);
+        const qreal countW = fm.horizontalAdvance(count) + pad;
+        p.setPen(QColor(255, 255, 255, 225));
+        p.drawText(QRectF(inner.left(), y, inner.width() - countW, lineH), Qt::AlignLeft | Qt::AlignVCenter,
+                   fm.elidedText(name, Qt::ElideRight, inner.width() - countW));
+        p.setPen(Gold);
+        p.drawText(QRectF(inner.left(), y, inner.width(), lineH), Qt::AlignRight | Qt::AlignVCenter, count);
+    }
+}
+
+} // namespace qx

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "TableLayout.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+class QPainter;
+
+namespace qx {
+
+struct GameState;
+class ScoreTally;
+
+// Everything the play area shows besides the cards themselves.
+struct TableScene {
+    const GameState &state;
+    const TableLayout &layout;
+    QColor felt;
+    QString message;
+    const ScoreTally *tally = nullptr; // null: no tally shown
+    bool showKeys = false;             // a person at this computer may play now
+    bool pileShown = false;
+    bool stockShown = false;
+    bool handShown[3] = {};
+};
+
+// Paints the table: felt, seat plates, running total, messages, key hints and the tally.
+class TablePainter {
+public:
+    TablePainter(QPainter &painter, const TableScene &scene) : p(painter), s(scene) {}
+    void paint();
+
+    // The felt's own green, used when the player keeps the desktop's colour.
+    static QColor defaultFelt() { return QColor(28, 104, 58); }
+
+private:
+    void paintFelt();
+    void paintCardBeds();
+    void paintStock();
+    void paintSeats();
+    void paintSeat(int seat, const QRect &plate);
+    void paintTotal();
+    void paintMessage();
+    void paintKeys();
+    void paintTally();
+    QFont font(qreal pixels, bool bold = false) const;
+
+    QPainter &p;
+    const TableScene &s;
+};
+
+} // namespace qx
