@@ -24,26 +24,27 @@ void TurnEngine::picCard_Click(int index)
     }
 
     const unsigned serial = m_gameSerial;
+    const auto playGoesOn = [&] { return sameGame(serial) && m_state.CurrentPlayer == seat; };
     // The tag is filled before the card starts to move: the animation lets events run, and a
     // second click meanwhile must find a play in progress.
     setPileTag(m_state.NetMode == NetHostMode ? QStringLiteral("%1").arg(card, 2, 10, QLatin1Char('0'))
                                               : QString::number(slot));
     m_table.animateCardMove(index, PileSlot);
-    if (!sameGame(serial))
+    if (!playGoesOn())
         return;
     showPile(card);
     applyCardToTotal(card);
     m_table.refresh();
 
     m_table.animateCardMove(DeckSlot, index);
-    if (!sameGame(serial))
+    if (!playGoesOn())
         return;
     m_state.Hand(slot, seat) = static_cast<int16_t>(DrawCard());
     m_table.animateCardFlip(index, m_state.Hand(slot, seat));
-    if (!sameGame(serial))
+    if (!playGoesOn())
         return;
     m_table.pause(0.7);
-    if (!sameGame(serial))
+    if (!playGoesOn())
         return;
 
     // A shown computer play returns to the engine that made it.

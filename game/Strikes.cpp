@@ -31,7 +31,7 @@ void TurnEngine::TakeStrike()
         }
     }
     m_table.showMessage(message);
-    if (!pauseBeforeMove(Check::PauseAfterStrikes, 1.5))
+    if (!pauseOrWait(Check::PauseAfterStrikes, 1.5))
         return;
 
     // A guest that is out leaves what follows to the host's lines.

@@ -22,7 +22,7 @@ void TurnEngine::cmdContinue_Click()
     setPausing(false);
 }
 
-bool TurnEngine::pauseBeforeMove(Check item, double seconds)
+bool TurnEngine::pauseOrWait(Check item, double seconds)
 {
     const unsigned serial = m_gameSerial;
     if (!m_table.isChecked(item)) {
@@ -66,13 +66,18 @@ void TurnEngine::PlayTurns()
         m_table.refreshStrikeMarks();
 
         const int kind = m_state.PlayerType(seat);
+        // Events run inside every wait; when one of them has moved the game on (Take Over, a
+        // new game, the end of the game), this engine has nothing left to do.
+        const auto turnGoesOn = [&] {
+            return sameGame(serial) && m_state.CurrentPlayer == seat && m_state.PlayerType(seat) == kind;
+        };
         if (m_state.NetMode == NetHostMode && kind != RemoteHuman && m_net)
             m_net->sendGameLine();
 
         if (kind == LocalHuman) {
             m_table.showMessage(QStringLiteral("Player ") + QString::number(seat) + TurnSuffix);
             m_table.processEvents();
-            if (!sameGame(serial) || !pauseBeforeMove(Check::PauseBeforeHumans))
+            if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeHumans) || !turnGoesOn())
                 return;
             showHand(seat);
             m_table.setTakeOverEnabled(true);
@@ -93,7 +98,7 @@ void TurnEngine::PlayTurns()
         } else {
             m_table.showMessage(QStringLiteral("Computer Player ") + QString::number(seat) + TurnSuffix);
             m_table.processEvents();
-            if (!sameGame(serial) || !pauseBeforeMove(Check::PauseBeforeComputers))
+            if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeComputers) || !turnGoesOn())
                 return;
             m_table.setTakeOverEnabled(false);
             const int choice = ChooseCard(seat);
@@ -109,6 +114,8 @@ void TurnEngine::PlayTurns()
                 setPileTag(QString());
                 picCard_Click(choice + FirstHandSlot);
                 m_state.ComputerClick = false;
+                if (!turnGoesOn())
+                    return;
             }
         }
         if (!sameGame(serial))

@@ -72,14 +72,14 @@ public:
     // no other seat is in play.
     int nextSeat(int from, int direction) const;
 
-    // Counts every game this engine started or abandoned; a wait that returns into a game that has
-    // been replaced meanwhile uses it to stop instead of playing on.
+    // Counts every game this engine started, abandoned or ended; a wait that returns into a game
+    // that has been replaced or ended meanwhile uses it to stop instead of playing on.
     unsigned gameSerial() const { return m_gameSerial; }
 
 private:
     // The standstill before a move or after a strike: a timed pause while the option is unchecked,
     // else a wait for "&Resume". False when the game was replaced or ended during the wait.
-    bool pauseBeforeMove(Check item, double seconds = 0.5);
+    bool pauseOrWait(Check item, double seconds = 0.5);
     void playComputerQuickly(int seat, int slot);
     void setPausing(bool pausing);
     bool sameGame(unsigned serial) const { return serial == m_gameSerial; }

@@ -44,6 +44,8 @@ public:
     std::function<void(double)> onPause;
     std::function<void()> onProcessEvents;
     std::function<void(int)> onClearSlot;
+    // Runs inside a waitUntil before its condition is looked at (a test plays the awaited card).
+    std::function<void()> onWaitUntil;
 
     void setChecked(Check option, bool on)
     {
@@ -106,6 +108,8 @@ public:
     void hideResume() override { resumeShown = false; }
     void waitUntil(const std::function<bool()> &done) override
     {
+        if (onWaitUntil && !done())
+            onWaitUntil();
         if (!done())
             ++failedWaits;
     }

@@ -24,6 +24,7 @@ private slots:
     void abandonInsideAResumeWaitStopsTheEngine();
     void gameOverInsideTheStrikePauseDealsNoNewRound();
     void newGameInsideTheWinnersWaitIsNotEnded();
+    void takeOverInsideTheHumansTurnLeavesTheTableToTheNewEngine();
 };
 
 void GameCommandsTest::newGameWithHumanAtSeatOneWaitsForTheClick_data()
@@ -280,6 +281,34 @@ void GameCommandsTest::newGameInsideTheWinnersWaitIsNotEnded()
     QCOMPARE(int(f.state.CurrentPlayer), 1);
     QCOMPARE(f.table.captionText, QStringLiteral("1's Turn"));
     QCOMPARE(f.table.failedWaits, 0);
+}
+
+void GameCommandsTest::takeOverInsideTheHumansTurnLeavesTheTableToTheNewEngine()
+{
+    EngineFixture f;
+    f.setUpRound({LocalHuman, Computer, LocalHuman});
+    f.state.Total = 10;
+    f.state.CurrentPlayer = 3;
+    f.state.PileTag.clear();
+    bool tookOver = false;
+    f.table.onProcessEvents = [&] {
+        // Take Over chosen while seat 1's turn is being announced.
+        if (!tookOver && f.state.CurrentPlayer == 1) {
+            tookOver = true;
+            f.engine.TakeOver();
+        }
+    };
+    f.engine.PlayTurns();
+
+    QVERIFY(tookOver);
+    QCOMPARE(int(f.state.PlayerType(1)), int(Computer));
+    // The engine started by Take Over played seats 1 and 2 and waits for seat 3; the engine it
+    // interrupted stopped without touching the table.
+    QCOMPARE(int(f.state.CurrentPlayer), 3);
+    QVERIFY(f.state.PileTag.isEmpty());
+    for (int slot = 0; slot < 3; ++slot)
+        QCOMPARE(f.table.shown[FirstHandSlot + slot], int(f.state.Hand(slot, 3)));
+    QCOMPARE(f.table.messages.count(QStringLiteral("Computer Player 1's Turn")), 1);
 }
 
 QTEST_GUILESS_MAIN(GameCommandsTest)
