@@ -155,8 +155,7 @@ bool GameLines::ProcessNetLine(QString &line)
     QString tail = line.mid(pos + 4);
     line = tail.size() > 2 ? tail.mid(2) : tail;
 
-    for (int slot = FirstHandSlot; slot < FirstHandSlot + 3; ++slot)
-        m_table.clearSlot(slot);
+    m_engine.clearHand();
     return true;
 }
 
@@ -204,12 +203,11 @@ void GameLines::playGuestTurn()
     m_table.hideWaitIndicator();
     m_table.setTakeOverEnabled(true);
     m_table.setCaption(QStringLiteral("Your Turn"));
-    for (int slot = 0; slot < 3; ++slot)
-        m_table.showFace(FirstHandSlot + slot, m_state.Hand(slot, m_netSeat));
+    m_engine.showHand(m_netSeat);
     if (m_state.isOut(m_netSeat))
         return; // an eliminated seat does not play
 
-    m_state.PileTag.clear();
+    m_engine.setPileTag(QString());
     m_table.showMessage(QStringLiteral("Your Turn"));
     // The player's click fills the pile tag with the slot played and refills that slot with the
     // card of field 5. Taking over or losing the host ends this game instead.
@@ -219,8 +217,7 @@ void GameLines::playGuestTurn()
         return;
 
     m_table.setTakeOverEnabled(false);
-    for (int slot = FirstHandSlot; slot < FirstHandSlot + 3; ++slot)
-        m_table.clearSlot(slot);
+    m_engine.clearHand();
     const int slot = qBound(0, m_state.PileTag.toInt(), 2);
     if (m_sendToHost)
         m_sendToHost(QStringLiteral("PLAY%1").arg(slot) + twoDigits(m_state.Hand(slot, m_netSeat)));
@@ -271,7 +268,7 @@ void GameLines::NetworkHost(const QString &line)
     m_table.hideWaitIndicator();
     m_engine.applyCardToTotal(card);
     m_engine.showPile(card);
-    m_state.PileTag = twoDigits(card);
+    m_engine.setPileTag(twoDigits(card));
     m_state.Hand(slot, m_state.CurrentPlayer) = static_cast<int16_t>(refill);
     m_table.refresh();
 
