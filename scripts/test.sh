@@ -1,7 +1,30 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds QX and runs the whole test suite.
+# Installs what is missing, builds QX and runs the whole test suite: once in a normal build, once
+# in a build with AddressSanitizer and UndefinedBehaviorSanitizer, and the link fuzzer for a
+# bounded time. `--quick` runs the normal build's tests only.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-bash "$root/scripts/build.sh"
-cd "${QX_BUILD_DIR:-$root/build}"
-ctest --output-on-failure --timeout 900 -j2
+quick=0
+[ "${1:-}" = "--quick" ] && quick=1
+
+build=${QX_BUILD_DIR:-$root/build}
+QX_BUILD_DIR=$build bash "$root/scripts/build.sh"
+ctest --test-dir "$build" --output-on-failure --timeout 900 -j2
+[ $quick -eq 1 ] && exit 0
+
+echo "== The same suite under AddressSanitizer and UndefinedBehaviorSanitizer =="
+asan=$root/build-asan
+QX_BUILD_DIR=$asan bash "$root/scripts/build.sh" -DQX_SANITIZE=ON -DQX_BUILD_BENCHMARKS=OFF
+ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0 \
+UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  ctest --test-dir "$asan" --output-on-failure --timeout 1800 -j2
+
+echo "== The link fuzzer, bounded =="
+fuzz=$root/build-fuzz
+CC=clang CXX=clang++ cmake -S "$root" -B "$fuzz" -G Ninja -DQX_BUILD_FUZZERS=ON -DQX_BUILD_BENCHMARKS=OFF >/dev/null
+cmake --build "$fuzz" --target link_fuzzer
+mkdir -p "$fuzz/link-corpus"
+(cd "$fuzz" && bin/link_fuzzer -max_total_time="${QX_FUZZ_SECONDS:-60}" -print_final_stats=1 \
+  -dict="$root/net/link/fuzz/link.dict" link-corpus 2>&1 | tail -n 12)
+echo "link fuzzer: no findings"

@@ -107,6 +107,8 @@ void NetClient::onConnected()
 {
     if (!m_active)
         return;
+    // Play lines are short and answered at once: waiting to fill a packet would only add delay.
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_socket->write(link::announceMessage(link::toWire(m_appTitle), link::toWire(m_appVersion)));
     m_connected = true;
     emit Connected();

@@ -262,6 +262,8 @@ void NetHost::onNewConnection()
         QTcpSocket *socket = m_server->nextPendingConnection();
         if (!socket)
             return; // the handler stopped hosting
+        // Game lines are short and answered at once: waiting to fill a packet would only add delay.
+        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         if (client > highestSlot()) {
             auto slot = std::make_unique<Slot>();
             const int n = client;
