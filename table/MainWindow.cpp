@@ -5,6 +5,10 @@
 #include "CardBackChooser.h"
 #include "CardSlot.h"
 #include "NewGameDialog.h"
+#include "OptionsCommands.h"
+#include "OptionsStore.h"
+#include "Reg.h"
+#include "Sound.h"
 #include "StrikesWindow.h"
 #include "TableView.h"
 
@@ -62,7 +66,10 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
     runNewGameDialog = [this] { m_newGame->runModal(); };
     quitProgram = [] { QCoreApplication::quit(); };
     guestTakeOver = [this] { m_engine->GameOver(); };
+    cheer = [] { PlaySnd(QStringLiteral("CHEER.WAV"), 1); };
 
+    m_options = std::make_unique<OptionsStore>(m_menus, m_state, *this);
+    m_optionCommands = new OptionsCommands(m_menus, m_state, *this, *m_options, this);
     connectMenus();
 
     // The load: the game's start values, the settings, the card size, then the first activation.
@@ -88,7 +95,6 @@ void MainWindow::connectMenus()
         const int index = item->data().toInt();
         connect(item, &QAction::triggered, this, [this, index] { mnuCSize_Click(index); });
     }
-    connect(m_menus.mnuOScore, &QAction::toggled, this, &MainWindow::repaintTable);
 }
 
 void MainWindow::buildResumeKeys()
@@ -103,9 +109,16 @@ void MainWindow::buildResumeKeys()
     }
 }
 
-void MainWindow::saveDefaultsAtStart() {}
+void MainWindow::saveDefaultsAtStart()
+{
+    SetRegApp(QStringLiteral("Brackenfall\\QX"));
+    m_options->SaveOptions(QLatin1String(DefaultSection));
+}
 
-void MainWindow::loadUserOptionsAtStart() {}
+void MainWindow::loadUserOptionsAtStart()
+{
+    m_options->LoadOptions(QLatin1String(UserSection));
+}
 
 void MainWindow::firstActivation()
 {

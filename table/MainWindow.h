@@ -27,6 +27,8 @@ class CardAnimator;
 class CardBackChooser;
 class CardSlot;
 class NewGameDialog;
+class OptionsCommands;
+class OptionsStore;
 class StrikesWindow;
 class TableView;
 
@@ -53,6 +55,8 @@ public:
     AboutBox *aboutBox();
     Waiter &waiter() { return m_waiter; }
     const ScoreTally &tally() const { return m_tally; }
+    OptionsStore &optionsStore() { return *m_options; }
+    OptionsCommands *optionsCommands() const { return m_optionCommands; }
     CardSlot *picCard(int index) const;
     CardSlot *picDeck() const;
     QTimer *tmrNetwork() const { return m_tmrNetwork; }
@@ -72,7 +76,7 @@ public:
     // starts (NetworkGuest), and Take Over on a guest (disconnect from the host, end the game).
     std::function<void(const QString &line)> networkGuest;
     std::function<void()> guestTakeOver;
-    // Plays the win sound; empty until sound is wired in.
+    // Plays the win sound ("CHEER.WAV" from the program's folder).
     std::function<void()> cheer;
 
     // Game menu and card-size commands.
@@ -123,6 +127,7 @@ public:
     void abandonGame() override;
     void showCardBackChooser() override;
     void showAbout() override;
+    bool askYesNo(const QString &text) override { return ask(text); }
 
     // The colour a stored background value stands for.
     static QColor colorOf(qint32 value);
@@ -154,6 +159,8 @@ private:
     CardImages m_images;
     ScoreTally m_tally;
     Menus m_menus;
+    std::unique_ptr<OptionsStore> m_options;
+    OptionsCommands *m_optionCommands = nullptr;
     TableView *m_view = nullptr;
     std::unique_ptr<CardAnimator> m_animator;
     NewGameDialog *m_newGame = nullptr;

@@ -5,6 +5,7 @@
 #include "Animation.h"
 #include "CardBackChooser.h"
 #include "CardSlot.h"
+#include "OptionsCommands.h"
 #include "SeatName.h"
 #include "StrikesWindow.h"
 #include "TableView.h"
@@ -158,15 +159,7 @@ bool MainWindow::isChecked(Check option) const
 
 void MainWindow::setTakeOverEnabled(bool enabled) { m_menus.mnuGTakeOver->setEnabled(enabled); }
 
-void MainWindow::setGuestMenusEnabled(bool enabled)
-{
-    m_menus.mnuOPause->menuAction()->setEnabled(enabled);
-    m_menus.mnuOShowComputer->setEnabled(enabled);
-    m_menus.mnuNumDecks->menuAction()->setEnabled(enabled);
-    m_menus.mnuOSave->setEnabled(enabled);
-    m_menus.mnuORestore->setEnabled(enabled);
-    m_menus.mnuORestoreDefault->setEnabled(enabled);
-}
+void MainWindow::setGuestMenusEnabled(bool enabled) { m_optionCommands->setGuestMenusEnabled(enabled); }
 
 // ---- Network waiting indicator ----
 
