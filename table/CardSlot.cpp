@@ -4,7 +4,8 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
+
+#include <algorithm>
 
 namespace qx {
 
@@ -20,6 +21,14 @@ void CardSlot::setPicture(const CardPicture &picture)
     if (m_picture == picture)
         return;
     m_picture = picture;
+    update();
+}
+
+void CardSlot::setCardSize(QSize size)
+{
+    if (m_cardSize == size)
+        return;
+    m_cardSize = size;
     update();
 }
 
@@ -39,9 +48,9 @@ void CardSlot::paintEvent(QPaintEvent *)
     QPainter p(this);
     p.setRenderHint(QPainter::SmoothPixmapTransform);
     const qreal dpr = devicePixelRatioF();
-    // The picture is drawn at the slot's own size, however narrow a flip makes it.
-    const QPixmap pixmap = m_picture.kind == CardPicture::Face ? m_images.face(m_picture.code, size(), dpr)
-                                                               : m_images.back(size(), dpr);
+    const QSize picture = m_cardSize.isEmpty() ? size() : m_cardSize;
+    const QPixmap pixmap = m_picture.kind == CardPicture::Face ? m_images.face(m_picture.code, picture, dpr)
+                                                               : m_images.back(picture, dpr);
     p.drawPixmap(rect(), pixmap);
     if (m_inviting && m_hover) {
         p.setRenderHint(QPainter::Antialiasing);

@@ -32,6 +32,10 @@ public:
     void clearPicture() { setPicture({}); }
     bool showsCard() const { return !m_picture.isNone(); }
 
+    // The size the table's cards have now. The picture is drawn at that size and stretched to the
+    // slot, so that a card narrowing in a flip does not ask for a new set of pictures every frame.
+    void setCardSize(QSize size);
+
     // A hand slot whose card a person may click now: it answers the pointer.
     void setInviting(bool inviting);
     bool inviting() const { return m_inviting; }
@@ -50,6 +54,7 @@ private:
     const int m_index;
     CardImages &m_images;
     CardPicture m_picture;
+    QSize m_cardSize;
     bool m_inviting = false;
     bool m_hover = false;
     bool m_pressed = false;

@@ -55,7 +55,7 @@ private:
 
 QRect centred(QPointF centre, qreal w, qreal h)
 {
-    return QRectF(centre.x() - w / 2, centre.y() - h / 2, w, h).toAlignedRect();
+    return QRect(qRound(centre.x() - w / 2), qRound(centre.y() - h / 2), qRound(w), qRound(h));
 }
 
 QRect rectF(qreal x, qreal y, qreal w, qreal h) { return QRectF(x, y, w, h).toRect(); }
@@ -125,12 +125,21 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
         const qreal first = middleS * std::clamp((8.0 - numSeats) / 6.0, 0.0, 1.0);
         const qreal last = track.length() - first;
         const qreal spacing = numSeats > 1 ? (last - first) / (numSeats - 1) : 0;
-        const qreal plateW = numSeats > 1 ? std::min(plateW0, 0.92 * spacing) : plateW0;
-        const qreal plateH = numSeats > 1 ? std::min(plateH0, 0.9 * spacing) : plateH0;
-        for (int i = 0; i < numSeats; ++i) {
-            const qreal s = numSeats > 1 ? first + i * spacing : track.length() / 2;
-            l.seats.push_back(centred(track.at(s), plateW, plateH));
+        std::vector<QPointF> centres;
+        for (int i = 0; i < numSeats; ++i)
+            centres.push_back(track.at(numSeats > 1 ? first + i * spacing : track.length() / 2));
+        // Plates as large as they may be without two neighbours touching: neighbours that stand
+        // side by side must be apart by a plate's width, those one above the other by its height.
+        qreal plateH = plateH0;
+        qreal plateW = plateW0;
+        for (size_t i = 1; i < centres.size(); ++i) {
+            const qreal dx = std::abs(centres[i].x() - centres[i - 1].x());
+            const qreal dy = std::abs(centres[i].y() - centres[i - 1].y());
+            if (dy < plateH + 2)
+                plateW = std::min(plateW, dx - std::max(2.0, 0.01 * W));
         }
+        for (const QPointF &c : centres)
+            l.seats.push_back(centred(c, plateW, plateH));
     }
     return l;
 }

@@ -42,7 +42,7 @@ void TablePainter::paint()
 {
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::TextAntialiasing);
-    paintFelt();
+    p.drawPixmap(0, 0, s.cloth);
     paintCardBeds();
     paintStock();
     paintSeats();
@@ -52,32 +52,37 @@ void TablePainter::paint()
     paintTally();
 }
 
-void TablePainter::paintFelt()
+QPixmap TablePainter::paintCloth(const TableLayout &layout, const QColor &felt, qreal dpr)
 {
-    const QRectF area(QPointF(0, 0), QSizeF(s.layout.area));
+    QPixmap cloth(layout.area * dpr);
+    cloth.setDevicePixelRatio(dpr);
+    QPainter p(&cloth);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QRectF area(QPointF(0, 0), QSizeF(layout.area));
     QRadialGradient glow(area.center(), std::max(area.width(), area.height()) * 0.65);
-    glow.setColorAt(0, s.felt.lighter(122));
-    glow.setColorAt(0.6, s.felt);
-    glow.setColorAt(1, s.felt.darker(165));
+    glow.setColorAt(0, felt.lighter(122));
+    glow.setColorAt(0.6, felt);
+    glow.setColorAt(1, felt.darker(165));
     p.fillRect(area, glow);
 
     // A printed line round the seats, and a bed round the pile, as on a card table's cloth.
-    const qreal u = s.layout.unit;
-    QColor line = s.felt.lighter(150);
+    const qreal u = layout.unit;
+    QColor line = felt.lighter(150);
     line.setAlpha(70);
     p.setPen(QPen(line, std::max(1.0, 0.005 * u)));
     p.setBrush(Qt::NoBrush);
     const qreal inset = 0.012 * u;
     p.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), 0.06 * u, 0.06 * u);
 
-    const QRect &t = s.layout.total;
-    const QRect &st = s.layout.stock;
-    QRectF bed(QPointF(t.left(), s.layout.pile.top()), QPointF(st.right(), s.layout.pile.bottom()));
+    const QRect &t = layout.total;
+    const QRect &st = layout.stock;
+    QRectF bed(QPointF(t.left(), layout.pile.top()), QPointF(st.right(), layout.pile.bottom()));
     bed.adjust(-0.04 * u, -0.035 * u, 0.04 * u, 0.035 * u);
-    QColor bedFill = s.felt.darker(112);
+    QColor bedFill = felt.darker(112);
     bedFill.setAlpha(110);
     p.setBrush(bedFill);
     p.drawRoundedRect(bed, bed.height() / 2, bed.height() / 2);
+    return cloth;
 }
 
 void TablePainter::paintCardBeds()

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPixmap>
 #include <QString>
 
 class QPainter;
@@ -18,6 +19,7 @@ struct TableScene {
     const GameState &state;
     const TableLayout &layout;
     QColor felt;
+    QPixmap cloth; // the felt with its printed lines, drawn once per size and colour by paintCloth
     QString message;
     const ScoreTally *tally = nullptr; // null: no tally shown
     bool showKeys = false;             // a person at this computer may play now
@@ -34,9 +36,11 @@ public:
 
     // The felt's own green, used when the player keeps the desktop's colour.
     static QColor defaultFelt() { return QColor(28, 104, 58); }
+    // The cloth: the felt and the lines printed on it. It changes only with the size and the
+    // colour, so the view keeps it and the frames of an animation only copy it.
+    static QPixmap paintCloth(const TableLayout &layout, const QColor &felt, qreal dpr);
 
 private:
-    void paintFelt();
     void paintCardBeds();
     void paintStock();
     void paintSeats();

@@ -66,6 +66,7 @@ void TableView::setTallyShown(bool shown)
 void TableView::setFeltColor(const QColor &color)
 {
     m_felt = color;
+    m_cloth = QPixmap();
     update();
 }
 
@@ -97,6 +98,9 @@ void TableView::relayout()
 {
     m_layoutSeats = m_state.NumPlayers;
     m_layout = TableLayout::compute(size(), m_layoutSeats);
+    m_cloth = QPixmap();
+    for (CardSlot *card : m_slots)
+        card->setCardSize(m_layout.card);
     // The moving card is placed by the animation only.
     slot(PileSlot)->setGeometry(m_layout.pile);
     for (int i = 0; i < 3; ++i)
@@ -127,8 +131,10 @@ void TableView::styleResume()
 
 void TableView::paintEvent(QPaintEvent *)
 {
+    if (m_cloth.isNull() || m_cloth.devicePixelRatio() != devicePixelRatioF())
+        m_cloth = TablePainter::paintCloth(m_layout, feltColor(), devicePixelRatioF());
     QPainter painter(this);
-    TableScene scene{m_state, m_layout, feltColor(), m_message};
+    TableScene scene{m_state, m_layout, feltColor(), m_cloth, m_message};
     scene.tally = m_tallyShown ? m_tally : nullptr;
     scene.showKeys = humanMayPlay();
     scene.pileShown = slot(PileSlot)->showsCard();

@@ -3,6 +3,7 @@
 #include "TableLayout.h"
 
 #include <QColor>
+#include <QPixmap>
 #include <QWidget>
 
 #include <array>
@@ -64,6 +65,7 @@ private:
     const ScoreTally *m_tally = nullptr;
     bool m_tallyShown = true;
     QColor m_felt;
+    QPixmap m_cloth;
     TableLayout m_layout;
     int m_layoutSeats = -1;
 };
