@@ -17,17 +17,24 @@ QString twoDigits(int n)
 
 bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
 
-// The value of `count` digits at `pos`, or -1 when any of them is not a digit.
+bool allDigits(const QString &s, int pos, int count)
+{
+    if (pos < 0 || count < 0 || pos + count > s.size())
+        return false;
+    for (int i = pos; i < pos + count; ++i)
+        if (!isDigit(s[i]))
+            return false;
+    return true;
+}
+
+// The value of `count` (1 to 4) digits at `pos`, or -1 when any of them is not a digit.
 int digitsAt(const QString &s, int pos, int count)
 {
-    if (pos < 0 || pos + count > s.size())
+    if (count < 1 || count > 4 || !allDigits(s, pos, count))
         return -1;
     int value = 0;
-    for (int i = pos; i < pos + count; ++i) {
-        if (!isDigit(s[i]))
-            return -1;
+    for (int i = pos; i < pos + count; ++i)
         value = value * 10 + (s[i].unicode() - '0');
-    }
     return value;
 }
 
@@ -111,7 +118,7 @@ bool GameLines::ProcessNetLine(QString &line)
         return false;
     pos += 2;
     const int strikesAt = pos;
-    if (digitsAt(line, strikesAt, numPlayers) < 0 && numPlayers > 0)
+    if (!allDigits(line, strikesAt, numPlayers))
         return false;
     pos += numPlayers;
     const int total = digitsAt(line, pos, 2);
@@ -226,8 +233,10 @@ void GameLines::playGuestTurn()
 
 void GameLines::announceGuestWinner(const QString &tail)
 {
-    const int winner = digitsAt(tail, 3, tail.size() - 3);
-    if (winner == m_netSeat) {
+    const int winner = digitsAt(tail, 3, 2);
+    if (winner < 1) {
+        // A win line without a proper seat still ends the game.
+    } else if (winner == m_netSeat) {
         m_table.showMessage(QStringLiteral("You Win!"));
         if (m_table.isChecked(Check::Sound))
             m_table.playCheer();
