@@ -1,6 +1,11 @@
 #include "NewGameDialog.h"
 
+#include "NetClient.h"
+#include "NetHost.h"
+
 #include <QButtonGroup>
+#include <QHostInfo>
+#include <QMessageBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,7 +21,23 @@ namespace qx {
 namespace {
 const char TagProperty[] = "Tag";
 constexpr int DefaultPlayersIndex = 2; // four seats
+
+// The port of a network game: the game's own, unless a developer runs several copies on one
+// machine and names another in QX_PORT.
+int portFromEnvironment()
+{
+    bool ok = false;
+    const int port = qEnvironmentVariableIntValue("QX_PORT", &ok);
+    return ok && port >= 0 && port <= 65535 ? port : NetHost::GamePort;
+}
 } // namespace
+
+const QString NewGameDialog::AppTitle = QStringLiteral("QX");
+
+QString NewGameDialog::appVersion()
+{
+    return QStringLiteral("%1.%2").arg(QX_VERSION_MAJOR).arg(QX_VERSION_MINOR);
+}
 
 SeatBox::SeatBox(const QString &caption, QWidget *parent) : QCheckBox(caption, parent)
 {
@@ -39,14 +60,38 @@ void SeatBox::setValue(int value)
 
 void SeatBox::nextCheckState()
 {
+    // A guest's seat is given up only through the question the dialog asks.
+    if (checkState() == Qt::PartiallyChecked && !toolTip().isEmpty()) {
+        emit grayedClicked();
+        return;
+    }
     setCheckState(checkState() == Qt::Unchecked ? Qt::Checked : Qt::Unchecked);
 }
 
-NewGameDialog::NewGameDialog(QWidget *parent) : QDialog(parent)
+NewGameDialog::NewGameDialog(QWidget *parent)
+    : QDialog(parent), m_gamePort(portFromEnvironment()), m_announcedVersion(appVersion())
 {
     setObjectName(QStringLiteral("frmNewGame"));
     setWindowTitle(QStringLiteral("New Game"));
     setModal(true);
+
+    tell = [this](const QString &text) {
+        // Shown without a modal loop of its own, so that the lobby and the game go on meanwhile.
+        auto *box = new QMessageBox(QMessageBox::Information, AppTitle, text, QMessageBox::Ok, this);
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setModal(false);
+        box->show();
+    };
+    ask = [this](const QString &text) {
+        return QMessageBox::question(this, AppTitle, text, QMessageBox::Yes | QMessageBox::No) != QMessageBox::No;
+    };
+
+    Host = new NetHost(this);
+    Host->setObjectName(QStringLiteral("Host"));
+    Host->setLocalPort(m_gamePort);
+    Host->setMaxConnections(NetHost::GameMaxConnections);
+    Guest = new NetClient(this);
+    Guest->setObjectName(QStringLiteral("Guest"));
 
     buildPlayersFrame();
     buildHumansFrame();
@@ -84,6 +129,7 @@ NewGameDialog::NewGameDialog(QWidget *parent) : QDialog(parent)
     chkHuman[0]->setValue(LocalHuman);
     updateNetworkControls();
     takeSnapshot();
+    buildConnections();
 }
 
 void NewGameDialog::buildPlayersFrame()
@@ -135,15 +181,43 @@ void NewGameDialog::buildNetworkControls()
     tmrCheck = new QTimer(this);
     tmrCheck->setObjectName(QStringLiteral("tmrCheck"));
     tmrCheck->setInterval(5000);
-    connect(chkNetwork, &QCheckBox::toggled, this, &NewGameDialog::updateNetworkControls);
+}
+
+void NewGameDialog::buildConnections()
+{
+    // Taking up a role follows the user's clicks; leaving network play follows every change of
+    // the box, since Cancel and the lobby clear it too.
+    connect(chkNetwork, &QCheckBox::toggled, this, &NewGameDialog::networkToggled);
+    connect(chkNetwork, &QCheckBox::clicked, this, &NewGameDialog::chkNetwork_Click);
+    connect(optHost, &QRadioButton::clicked, this, &NewGameDialog::optHost_Click);
+    connect(optGuest, &QRadioButton::clicked, this, &NewGameDialog::optGuest_Click);
     connect(optGuest, &QRadioButton::toggled, this, &NewGameDialog::updateNetworkControls);
+    connect(tmrCheck, &QTimer::timeout, this, &NewGameDialog::tmrCheck_Timer);
+    for (int i = 0; i < MaxSeats; ++i) {
+        SeatBox *box = chkHuman[static_cast<size_t>(i)];
+        connect(box, &QCheckBox::stateChanged, this, [this, i] { seatChanged(i); });
+        connect(box, &SeatBox::grayedClicked, this, [this, i] { removeGuest(i); });
+    }
+
+    // The lobby's handlers run inside the components' signals: none of them waits.
+    connect(Host, &NetHost::ReceiveTitle, this, &NewGameDialog::hostReceiveTitle);
+    connect(Host, &NetHost::ReceiveVersion, this, &NewGameDialog::hostReceiveVersion);
+    connect(Host, &NetHost::ReceiveSetupInfo, this, &NewGameDialog::hostReceiveSetupInfo);
+    connect(Host, &NetHost::ClientLeft, this, &NewGameDialog::hostClientLeft);
+    connect(Host, &NetHost::Error, this, &NewGameDialog::hostError);
+    connect(Guest, &NetClient::Connected, this, &NewGameDialog::guestConnected);
+    connect(Guest, &NetClient::ReceiveSetupInfo, this, &NewGameDialog::guestReceiveSetupInfo);
+    connect(Guest, &NetClient::RejectTitle, this, &NewGameDialog::guestRejectTitle);
+    connect(Guest, &NetClient::RejectVersion, this, &NewGameDialog::guestRejectVersion);
+    connect(Guest, &NetClient::Dropped, this, &NewGameDialog::guestDropped);
+    connect(Guest, &NetClient::Error, this, &NewGameDialog::guestError);
 }
 
 void NewGameDialog::updateNetworkControls()
 {
+    // The role can be chosen before Network Play is ticked, so that a guest never starts hosting
+    // on the way (which would fail on a computer that already hosts, and be told).
     const bool network = chkNetwork->isChecked();
-    optHost->setEnabled(network);
-    optGuest->setEnabled(network);
     const bool guest = network && optGuest->isChecked();
     lblHost->setEnabled(guest);
     txtHost->setEnabled(guest);
@@ -203,13 +277,44 @@ void NewGameDialog::optPlayers_Click(int index)
         SeatBox *box = chkHuman[static_cast<size_t>(i)];
         const bool inGame = i < index + 2;
         box->setEnabled(inGame);
-        if (!inGame)
+        if (!inGame && box->value() != Computer) {
+            // A guest's seat that is no longer in the game is no longer that guest's.
+            if (box->value() == RemoteHuman) {
+                setSeatTag(i, QString());
+                box->setToolTip(QString());
+            }
             box->setValue(Computer);
+        }
     }
+    if (!isHosting())
+        return;
+    // Every guest sees the new layout, each with its own seat still granted.
+    Host->SendSetupInfo(0, QStringLiteral("N%1").arg(index));
+    for (int i = 0; i < MaxSeats; ++i) {
+        const int value = seatValue(i);
+        if (value == Computer)
+            continue;
+        Host->SendSetupInfo(0, QStringLiteral("T%1").arg(i));
+        if (value == RemoteHuman)
+            Host->SendSetupInfo(seatTag(i).toInt(), QStringLiteral("G%1").arg(i));
+    }
+}
+
+void NewGameDialog::enableSeatsForCount()
+{
+    const int count = playersIndex() + 2;
+    for (int i = 0; i < MaxSeats; ++i)
+        chkHuman[static_cast<size_t>(i)]->setEnabled(i < count);
 }
 
 void NewGameDialog::cmdOK_Click()
 {
+    if (networkChecked() && optGuest->isChecked()) {
+        guestSelect();
+        return;
+    }
+    if (networkChecked())
+        hostStart();
     Tag.clear();
     hide();
 }
@@ -220,6 +325,121 @@ void NewGameDialog::cmdCancel_Click()
     chkNetwork->setChecked(false);
     restoreSnapshot();
     hide();
+}
+
+// ---- Roles ----
+
+bool NewGameDialog::isHosting() const { return networkChecked() && optHost->isChecked() && Host->Hosting(); }
+
+bool NewGameDialog::isGuestRole() const { return networkChecked() && optGuest->isChecked(); }
+
+QString NewGameDialog::computerName() const
+{
+    return m_computerName.isEmpty() ? QHostInfo::localHostName() : m_computerName;
+}
+
+void NewGameDialog::chkNetwork_Click()
+{
+    if (!networkChecked())
+        return;
+    if (optGuest->isChecked())
+        becomeGuest();
+    else
+        beginHosting();
+}
+
+void NewGameDialog::optHost_Click()
+{
+    if (networkChecked())
+        beginHosting();
+}
+
+void NewGameDialog::optGuest_Click()
+{
+    if (networkChecked())
+        becomeGuest();
+}
+
+void NewGameDialog::networkToggled(bool checked)
+{
+    updateNetworkControls();
+    if (!checked)
+        leaveNetwork();
+}
+
+void NewGameDialog::leaveNetwork()
+{
+    tmrCheck->stop();
+    if (Host->Hosting())
+        Host->StopHost();
+    leaveHost();
+    cmdOK->setText(QStringLiteral("&OK"));
+    cmdOK->setEnabled(true);
+    Frame1->setEnabled(true);
+    Frame2->setEnabled(true);
+    enableSeatsForCount();
+}
+
+void NewGameDialog::leaveHost()
+{
+    tmrCheck->stop();
+    // An error is already closing the connection; the drop that follows it is the host's news.
+    if (m_guestErrorClosing)
+        return;
+    m_leavingHost = true;
+    Guest->Disconnect();
+    m_leavingHost = false;
+}
+
+void NewGameDialog::beginHosting()
+{
+    leaveHost();
+    cmdOK->setText(QStringLiteral("&OK"));
+    cmdOK->setEnabled(true);
+    Frame1->setEnabled(true);
+    Frame2->setEnabled(true);
+    enableSeatsForCount();
+    if (!Host->Hosting()) {
+        Host->setMaxConnections(NetHost::GameMaxConnections);
+        Host->setLocalPort(m_gamePort);
+        Host->BeginHost();
+        if (!Host->Hosting())
+            return; // the failure has been told
+    }
+    showConnections();
+}
+
+void NewGameDialog::becomeGuest()
+{
+    if (Host->Hosting())
+        Host->StopHost();
+    cmdOK->setText(QStringLiteral("&Select"));
+    cmdOK->setEnabled(true);
+    // The host decides the number of players.
+    Frame1->setEnabled(false);
+    Frame2->setEnabled(true);
+    m_guestReachedHost = false;
+    lblStatus->setText(QStringLiteral("Not Connected"));
+    tmrCheck->start();
+}
+
+void NewGameDialog::tmrCheck_Timer()
+{
+    if (!isGuestRole()) {
+        tmrCheck->stop();
+        return;
+    }
+    if (Guest->IsConnected()) {
+        lblStatus->setText(QStringLiteral("Connected"));
+        tmrCheck->stop();
+        return;
+    }
+    const QString host = txtHost->text().trimmed();
+    if (host.isEmpty())
+        return;
+    lblStatus->setText(QStringLiteral("Connecting to ") + host + QStringLiteral("..."));
+    // A call while an attempt is under way is ignored by the client.
+    Guest->Connect(host, m_gamePort, AppTitle, m_announcedVersion);
 }
 
 void NewGameDialog::reject()
