@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QShortcut>
 #include <QTimer>
 
@@ -63,7 +64,11 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
         return QMessageBox::question(this, QStringLiteral("QX"), text, QMessageBox::Yes | QMessageBox::No)
                != QMessageBox::No;
     };
-    runNewGameDialog = [this] { m_newGame->runModal(); };
+    runNewGameDialog = [this] {
+        // The keyboard starts on the seat count chosen last: the arrow keys change it at once.
+        m_newGame->optPlayers[static_cast<size_t>(m_newGame->playersIndex())]->setFocus();
+        m_newGame->runModal();
+    };
     quitProgram = [] { QCoreApplication::quit(); };
     guestTakeOver = [this] { m_engine->GameOver(); };
     cheer = [] { PlaySnd(QStringLiteral("CHEER.WAV"), 1); };

@@ -83,7 +83,7 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
     l.stock = l.pile.translated(qRound(cw + gap), 0);
     const qreal badge = 0.19 * u;
     l.total = centred({l.pile.left() - gap - badge / 2, rowY}, badge, badge);
-    l.stockCount = rectF(l.stock.left() - gap / 4, l.stock.bottom() + 0.012 * u, cw + gap / 2, 0.045 * u);
+    l.stockCount = rectF(l.stock.left() - gap / 4, l.stock.bottom() + 0.03 * u, cw + gap / 2, 0.045 * u);
     const qreal waitSide = 0.075 * u;
     l.wait = centred({l.stock.right() + gap + waitSide / 2, rowY}, waitSide, waitSide);
 
@@ -130,13 +130,24 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
             centres.push_back(track.at(numSeats > 1 ? first + i * spacing : track.length() / 2));
         // Plates as large as they may be without two neighbours touching: neighbours that stand
         // side by side must be apart by a plate's width, those one above the other by its height.
+        // A slightly lower plate often lets corner neighbours keep their full width.
+        auto widthFor = [&](qreal plateH) {
+            qreal w = plateW0;
+            for (size_t i = 1; i < centres.size(); ++i) {
+                const qreal dx = std::abs(centres[i].x() - centres[i - 1].x());
+                const qreal dy = std::abs(centres[i].y() - centres[i - 1].y());
+                if (dy < plateH + 2)
+                    w = std::min(w, dx - std::max(2.0, 0.01 * W));
+            }
+            return w;
+        };
         qreal plateH = plateH0;
-        qreal plateW = plateW0;
-        for (size_t i = 1; i < centres.size(); ++i) {
-            const qreal dx = std::abs(centres[i].x() - centres[i - 1].x());
-            const qreal dy = std::abs(centres[i].y() - centres[i - 1].y());
-            if (dy < plateH + 2)
-                plateW = std::min(plateW, dx - std::max(2.0, 0.01 * W));
+        qreal plateW = widthFor(plateH);
+        for (qreal lower = plateH0 * 0.95; plateW < plateW0 * 0.95 && lower >= plateH0 * 0.8; lower -= plateH0 * 0.05) {
+            if (widthFor(lower) > plateW) {
+                plateH = lower;
+                plateW = widthFor(lower);
+            }
         }
         for (const QPointF &c : centres)
             l.seats.push_back(centred(c, plateW, plateH));

@@ -179,9 +179,11 @@ void TablePainter::paintSeat(int seat, const QRect &plate)
     // The name as large as the plate allows, shrunk to fit before it is ever cut short.
     const QString fullName = seatDisplayName(g, seat);
     QFont nameFont = font(h * 0.32, true);
-    const qreal wide = QFontMetricsF(nameFont).horizontalAdvance(fullName);
-    if (wide > nameRect.width())
-        nameFont = font(std::max(h * 0.22, h * 0.31 * nameRect.width() / wide), true);
+    for (qreal px = h * 0.32; px > h * 0.2; px -= 0.5) {
+        nameFont = font(px, true);
+        if (QFontMetricsF(nameFont).horizontalAdvance(fullName) <= nameRect.width())
+            break;
+    }
     p.setFont(nameFont);
     p.setPen(text);
     p.drawText(nameRect, Qt::AlignCenter,
