@@ -80,7 +80,7 @@ void addClap(std::vector<double> &mix, double start, double centre, double gain,
     for (int i = 0; i < length && first + i < static_cast<int>(mix.size()); ++i) {
         const double t = static_cast<double>(i) / SampleRate;
         const double envelope = std::min(1.0, t / 0.0008) * std::exp(-t / 0.0065);
-        mix[static_cast<std::size_t>(first + i)] += gain * filter(noise.white() * envelope);
+        mix[static_cast<std::size_t>(first) + static_cast<std::size_t>(i)] += gain * filter(noise.white() * envelope);
     }
 }
 
@@ -196,7 +196,7 @@ void addHooray(std::vector<double> &mix, double start, double duration, double b
 
         // The breathy "h" at the start, and a little air under the whole shout.
         const double breath = breathFilter(noise.white()) * (0.9 * (1.0 - smoothStep(0.0, 0.07, u)) + 0.12);
-        mix[static_cast<std::size_t>(first + i)] += gain * (voiceLoudness(u) * voiced * 0.9 + breath * 0.5 *
+        mix[static_cast<std::size_t>(first) + static_cast<std::size_t>(i)] += gain * (voiceLoudness(u) * voiced * 0.9 + breath * 0.5 *
                                                                                                   (1.0 - smoothStep(0.7, 1.0, u)));
     }
 }
@@ -261,7 +261,7 @@ QByteArray waveFile(const std::vector<std::int16_t> &samples, int sampleRate)
 {
     const auto dataBytes = static_cast<quint32>(samples.size() * 2);
     QByteArray file;
-    file.reserve(static_cast<qsizetype>(44 + dataBytes));
+    file.reserve(qsizetype{44} + qsizetype{dataBytes});
     auto put32 = [&file](quint32 value) {
         char bytes[4];
         qToLittleEndian(value, bytes);

@@ -12,6 +12,9 @@ QX_BUILD_DIR=$build bash "$root/scripts/build.sh"
 ctest --test-dir "$build" --output-on-failure --timeout 900 -j2
 [ $quick -eq 1 ] && exit 0
 
+echo "== clang-tidy over the program's sources =="
+bash "$root/scripts/tidy.sh" "$build"
+
 echo "== The same suite under AddressSanitizer and UndefinedBehaviorSanitizer =="
 asan=$root/build-asan
 QX_BUILD_DIR=$asan bash "$root/scripts/build.sh" -DQX_SANITIZE=ON -DQX_BUILD_BENCHMARKS=OFF

@@ -126,6 +126,7 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
         const qreal last = track.length() - first;
         const qreal spacing = numSeats > 1 ? (last - first) / (numSeats - 1) : 0;
         std::vector<QPointF> centres;
+        centres.reserve(static_cast<std::size_t>(numSeats));
         for (int i = 0; i < numSeats; ++i)
             centres.push_back(track.at(numSeats > 1 ? first + i * spacing : track.length() / 2));
         // Plates as large as they may be without two neighbours touching: neighbours that stand

@@ -327,14 +327,14 @@ void NetHost::closeSlot(int client, bool sayGoodbye)
 
 void NetHost::onReadyRead(int client, QTcpSocket *socket)
 {
-    if (socketOf(client) != socket)
+    if (!socket || socketOf(client) != socket)
         return;
     m_slots[std::size_t(client - 1)]->receiver.feed(socket->readAll());
 }
 
 void NetHost::onClosed(int client, QTcpSocket *socket)
 {
-    if (socketOf(client) != socket)
+    if (!socket || socketOf(client) != socket)
         return;
     // Whatever the guest sent just before closing still counts.
     if (socket->bytesAvailable() > 0) {
