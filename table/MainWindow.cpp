@@ -4,6 +4,7 @@
 #include "Animation.h"
 #include "CardBackChooser.h"
 #include "CardSlot.h"
+#include "NetworkSession.h"
 #include "NewGameDialog.h"
 #include "OptionsCommands.h"
 #include "OptionsStore.h"
@@ -70,7 +71,12 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
         m_newGame->runModal();
     };
     quitProgram = [] { QCoreApplication::quit(); };
-    guestTakeOver = [this] { m_engine->GameOver(); };
+    // Network play: the game lines on the New Game dialog's connections.
+    m_network = new NetworkSession(*m_engine, *this, *m_newGame, this);
+    m_network->setParkedLine(&m_networkTag);
+    m_network->setGuestSeat(&NetSeat);
+    networkGuest = [this](const QString &line) { m_network->NetworkGuest(line); };
+    guestTakeOver = [this] { m_network->guestTakeOver(); };
     cheer = [] { PlaySnd(QStringLiteral("CHEER.WAV"), 1); };
 
     m_options = std::make_unique<OptionsStore>(m_menus, m_state, *this);

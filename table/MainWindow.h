@@ -26,6 +26,7 @@ class AboutBox;
 class CardAnimator;
 class CardBackChooser;
 class CardSlot;
+class NetworkSession;
 class NewGameDialog;
 class OptionsCommands;
 class OptionsStore;
@@ -50,6 +51,7 @@ public:
     const Menus &menus() const { return m_menus; }
     TableView *playArea() const { return m_view; }
     NewGameDialog *newGameDialog() const { return m_newGame; }
+    NetworkSession *networkSession() const { return m_network; }
     StrikesWindow *strikesWindow() const { return m_strikes; }
     CardBackChooser *cardBackChooser();
     AboutBox *aboutBox();
@@ -164,6 +166,7 @@ private:
     TableView *m_view = nullptr;
     std::unique_ptr<CardAnimator> m_animator;
     NewGameDialog *m_newGame = nullptr;
+    NetworkSession *m_network = nullptr;
     StrikesWindow *m_strikes = nullptr;
     CardBackChooser *m_chooser = nullptr;
     AboutBox *m_about = nullptr;

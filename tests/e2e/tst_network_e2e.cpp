@@ -1,0 +1,270 @@
+// Network games end to end: separate processes of the real program (qx_netdriver), one host and
+// its guests on a loopback port the host's system picks, each copy played by its robot. Every copy
+// must end with the same winner and the same strikes for every seat, computer seats included;
+// a guest that dies, a host that dies and a guest of the wrong version are played out too.
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int GameTimeoutMs = 50000;
+const QString Dropped = QStringLiteral("The connection to the host has dropped.");
+
+// One copy of the program and what it printed.
+class Copy : public QObject {
+public:
+    Copy(const QString &name, const QStringList &args, const QString &port, const QString &configDir,
+         const QString &announceVersion = QString())
+        : m_name(name)
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("qt.*=false"));
+        env.insert(QStringLiteral("QX_PORT"), port);
+        // Each copy keeps its options in its own place, as on its own computer.
+        env.insert(QStringLiteral("XDG_CONFIG_HOME"), configDir);
+        if (!announceVersion.isEmpty())
+            env.insert(QStringLiteral("QX_ANNOUNCE_VERSION"), announceVersion);
+        m_process.setProcessEnvironment(env);
+        m_process.setProcessChannelMode(QProcess::SeparateChannels);
+        connect(&m_process, &QProcess::readyReadStandardOutput, this, &Copy::read);
+        m_process.start(QStringLiteral(QX_NETDRIVER_PATH), args);
+    }
+    ~Copy() override
+    {
+        if (m_process.state() != QProcess::NotRunning) {
+            m_process.kill();
+            m_process.waitForFinished(5000);
+        }
+    }
+
+    bool running() const { return m_process.state() != QProcess::NotRunning; }
+    bool hasResult() const { return !m_result.isEmpty(); }
+    int port() const { return m_port; }
+    int moves() const { return m_moves; }
+    const QJsonObject &result() const { return m_result; }
+    QString log() const { return m_name + QStringLiteral(":\n") + m_lines.join(QLatin1Char('\n')) + QLatin1Char('\n')
+                                 + QString::fromLocal8Bit(m_stderr); }
+    void kill()
+    {
+        m_process.kill();
+        m_process.waitForFinished(5000);
+    }
+    QStringList messages() const
+    {
+        QStringList out;
+        for (const QJsonValue &m : m_result.value(QStringLiteral("messages")).toArray())
+            out << m.toString();
+        return out;
+    }
+    QList<int> strikes() const
+    {
+        QList<int> out;
+        for (const QJsonValue &n : m_result.value(QStringLiteral("strikes")).toArray())
+            out << n.toInt();
+        return out;
+    }
+    int winner() const { return m_result.value(QStringLiteral("winner")).toInt(); }
+    bool finished() const { return m_result.value(QStringLiteral("finished")).toBool(); }
+
+private:
+    void read()
+    {
+        m_stderr += m_process.readAllStandardError();
+        m_pending += m_process.readAllStandardOutput();
+        for (qsizetype end = m_pending.indexOf('\n'); end >= 0; end = m_pending.indexOf('\n')) {
+            const QString line = QString::fromUtf8(m_pending.left(end));
+            m_pending.remove(0, end + 1);
+            m_lines << line;
+            if (line.startsWith(QLatin1String("QXPORT ")))
+                m_port = line.mid(7).toInt();
+            else if (line.startsWith(QLatin1String("QXEVENT moved ")))
+                m_moves = line.mid(14).toInt();
+            else if (line.startsWith(QLatin1String("QXRESULT ")))
+                m_result = QJsonDocument::fromJson(line.mid(9).toUtf8()).object();
+        }
+    }
+
+    QString m_name;
+    QProcess m_process;
+    QByteArray m_pending;
+    QByteArray m_stderr;
+    QStringList m_lines;
+    QJsonObject m_result;
+    int m_port = 0;
+    int m_moves = 0;
+};
+
+} // namespace
+
+class NetworkEndToEndTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void everyCopyAgreesOnTheGame();
+    void guestLeavingMidGameIsPlayedByTheComputer();
+    void hostLeavingMidGameEndsTheGuests();
+    void guestOfAnotherVersionIsTurnedAway();
+
+private:
+    Copy &startHost(int players, int guests);
+    Copy &startGuest(const QString &name, int seat, const QString &version = QString());
+    bool waitFor(const std::function<bool()> &condition, int timeoutMs = GameTimeoutMs);
+    QString logs() const;
+    void expectSameGame(const Copy &a, const Copy &b);
+
+    QTemporaryDir m_config;
+    std::vector<std::unique_ptr<Copy>> m_copies;
+    int m_port = 0;
+};
+
+void NetworkEndToEndTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        qWarning().noquote() << logs();
+    m_copies.clear(); // kills whatever still runs
+}
+
+QString NetworkEndToEndTest::logs() const
+{
+    QString out;
+    for (const auto &c : m_copies)
+        out += c->log() + QLatin1Char('\n');
+    return out;
+}
+
+bool NetworkEndToEndTest::waitFor(const std::function<bool()> &condition, int timeoutMs)
+{
+    QDeadlineTimer deadline(timeoutMs);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QTest::qWait(20);
+    }
+    return true;
+}
+
+Copy &NetworkEndToEndTest::startHost(int players, int guests)
+{
+    const QString dir = m_config.filePath(QStringLiteral("host"));
+    QDir().mkpath(dir);
+    m_copies.push_back(std::make_unique<Copy>(
+        QStringLiteral("host"),
+        QStringList{QStringLiteral("--role"), QStringLiteral("host"), QStringLiteral("--players"),
+                    QString::number(players), QStringLiteral("--seat"), QStringLiteral("1"),
+                    QStringLiteral("--guests"), QString::number(guests)},
+        QStringLiteral("0"), dir));
+    Copy &host = *m_copies.back();
+    m_port = 0;
+    if (waitFor([&] { return host.port() > 0 || !host.running(); }, 20000))
+        m_port = host.port();
+    return host;
+}
+
+Copy &NetworkEndToEndTest::startGuest(const QString &name, int seat, const QString &version)
+{
+    const QString dir = m_config.filePath(name);
+    QDir().mkpath(dir);
+    m_copies.push_back(std::make_unique<Copy>(
+        name,
+        QStringList{QStringLiteral("--role"), QStringLiteral("guest"), QStringLiteral("--host"),
+                    QStringLiteral("127.0.0.1"), QStringLiteral("--name"), name, QStringLiteral("--seat"),
+                    QString::number(seat)},
+        QString::number(m_port), dir, version));
+    return *m_copies.back();
+}
+
+void NetworkEndToEndTest::expectSameGame(const Copy &a, const Copy &b)
+{
+    QVERIFY2(a.finished() && b.finished(), qPrintable(logs()));
+    QCOMPARE(b.strikes(), a.strikes());
+    QCOMPARE(b.winner(), a.winner());
+}
+
+void NetworkEndToEndTest::everyCopyAgreesOnTheGame()
+{
+    Copy &host = startHost(4, 2);
+    QVERIFY2(m_port > 0, qPrintable(logs()));
+    Copy &ada = startGuest(QStringLiteral("ada"), 2);
+    Copy &bob = startGuest(QStringLiteral("bob"), 3);
+    QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult() && bob.hasResult(); }), qPrintable(logs()));
+
+    QCOMPARE(host.strikes().size(), 4);
+    int inPlay = 0;
+    for (int n : host.strikes())
+        inPlay += n < 3 ? 1 : 0;
+    QCOMPARE(inPlay, 1);
+    QVERIFY(host.winner() >= 1 && host.winner() <= 4);
+    expectSameGame(host, ada);
+    expectSameGame(host, bob);
+    QCOMPARE(ada.result().value(QStringLiteral("seat")).toInt(), 2);
+    QCOMPARE(bob.result().value(QStringLiteral("seat")).toInt(), 3);
+    for (const Copy *c : {&host, &ada, &bob})
+        QVERIFY2(c->messages().isEmpty(), qPrintable(c->log()));
+}
+
+void NetworkEndToEndTest::guestLeavingMidGameIsPlayedByTheComputer()
+{
+    Copy &host = startHost(4, 2);
+    QVERIFY2(m_port > 0, qPrintable(logs()));
+    Copy &ada = startGuest(QStringLiteral("ada"), 2);
+    Copy &bob = startGuest(QStringLiteral("bob"), 3);
+    QVERIFY2(waitFor([&] { return bob.moves() >= 1 || bob.hasResult(); }), qPrintable(logs()));
+    QVERIFY2(!bob.hasResult(), qPrintable(logs()));
+    bob.kill();
+
+    QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult(); }), qPrintable(logs()));
+    QVERIFY2(host.messages().contains(QStringLiteral("bob left the game and will be run by the computer.")),
+             qPrintable(logs()));
+    QVERIFY(host.winner() >= 1);
+    expectSameGame(host, ada);
+    QVERIFY2(!ada.messages().contains(Dropped), qPrintable(logs()));
+}
+
+void NetworkEndToEndTest::hostLeavingMidGameEndsTheGuests()
+{
+    Copy &host = startHost(4, 2);
+    QVERIFY2(m_port > 0, qPrintable(logs()));
+    Copy &ada = startGuest(QStringLiteral("ada"), 2);
+    Copy &bob = startGuest(QStringLiteral("bob"), 3);
+    QVERIFY2(waitFor([&] { return ada.moves() >= 1 || ada.hasResult(); }), qPrintable(logs()));
+    QVERIFY2(!host.hasResult(), qPrintable(logs()));
+    host.kill();
+
+    QVERIFY2(waitFor([&] { return ada.hasResult() && bob.hasResult(); }), qPrintable(logs()));
+    for (const Copy *guest : {&ada, &bob}) {
+        QVERIFY2(guest->finished(), qPrintable(guest->log()));
+        QCOMPARE(guest->messages(), QStringList{Dropped});
+        QCOMPARE(guest->result().value(QStringLiteral("why")).toString(), QStringLiteral("game over"));
+    }
+}
+
+void NetworkEndToEndTest::guestOfAnotherVersionIsTurnedAway()
+{
+    Copy &host = startHost(3, 1);
+    QVERIFY2(m_port > 0, qPrintable(logs()));
+    Copy &old = startGuest(QStringLiteral("old"), 2, QStringLiteral("1.0"));
+    QVERIFY2(waitFor([&] { return old.hasResult(); }), qPrintable(logs()));
+    QVERIFY2(old.finished(), qPrintable(old.log()));
+    QVERIFY(!old.result().value(QStringLiteral("played")).toBool());
+    QVERIFY2(old.messages().value(0) == QStringLiteral("You should be running QX 1.1."), qPrintable(old.log()));
+
+    // The lobby goes on as if it had never called.
+    Copy &ada = startGuest(QStringLiteral("ada"), 2);
+    QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult(); }), qPrintable(logs()));
+    expectSameGame(host, ada);
+    QCOMPARE(host.strikes().size(), 3);
+}
+
+QTEST_GUILESS_MAIN(NetworkEndToEndTest)
+#include "tst_network_e2e.moc"
