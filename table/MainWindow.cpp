@@ -33,12 +33,12 @@ constexpr QSize StartPlayArea(720, 540);
 const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
 } // namespace
 
-MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent)
+MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmQX"));
     setWindowIcon(QIcon(QPixmap::fromImage(CardArt::renderAppIcon(64))));
 
-    m_engine = std::make_unique<TurnEngine>(m_state, *this, m_random);
+    m_engine = std::make_unique<TurnEngine>(m_state, *this, random ? *random : m_random);
     m_menus = buildMenus(menuBar());
 
     m_view = new TableView(m_state, m_images, this);

@@ -43,7 +43,9 @@ public:
     // The stored value of the desktop's button-face colour ("Match Windows").
     static constexpr qint32 ButtonFaceColor = -2147483633;
 
-    explicit MainWindow(QWidget *parent = nullptr);
+    // `random` replaces the clock-seeded source (tests only: whole games that run in a few
+    // milliseconds would otherwise reseed from the same clock reading again and again).
+    explicit MainWindow(QWidget *parent = nullptr, RandomSource *random = nullptr);
     ~MainWindow() override;
 
     GameState &state() { return m_state; }

@@ -190,9 +190,8 @@ void MainWindow::applyBackColor(qint32 value)
 {
     m_backColor = value;
     const QColor color = colorOf(value);
-    QPalette pal = palette();
-    pal.setColor(QPalette::Window, color);
-    setPalette(pal);
+    // The play area covers the whole client area, so the window's own palette is left alone: the
+    // menus and the dialogs, its children, keep the desktop's colours.
     // The desktop's colour leaves the cloth its own green; any other colour dyes the cloth.
     m_view->setFeltColor(value == ButtonFaceColor ? QColor() : color);
     m_strikes->setBackColor(color);

@@ -11,14 +11,30 @@
 #include <QTimer>
 
 #include <initializer_list>
+#include <random>
 
 namespace qx::test {
+
+// A random source that starts a new sequence at every shuffle, as the clock does in play, but
+// from a counter: games run in milliseconds here, and every run of a test plays the same games.
+class SteppingRandom : public RandomSource {
+public:
+    explicit SteppingRandom(unsigned first = 1) : m_seed(first) { m_engine.seed(m_seed); }
+    double next() override { return m_uniform(m_engine); }
+    void seedFromClock() override { m_engine.seed(++m_seed * 7919u); }
+
+private:
+    unsigned m_seed;
+    std::mt19937 m_engine;
+    std::uniform_real_distribution<double> m_uniform{0.0, 1.0};
+};
 
 // The real main window with its real engine, made safe for tests: questions are answered by the
 // test, nothing ends the test program, the New Game dialog is filled in without being shown,
 // and every pause is shrunk to nothing.
 struct TableFixture {
-    MainWindow w;
+    SteppingRandom random;
+    MainWindow w{nullptr, &random};
     GameState &s = w.state();
     QStringList asked;
     bool answer = true;
