@@ -21,6 +21,12 @@ const QColor Gold(255, 208, 84);
 const QColor Cream(250, 244, 226);
 const QColor StrikeRed(222, 52, 44);
 
+// Marks printed straight on the cloth: light on a dark cloth, dark on a light one.
+QColor ink(const QColor &felt, int alpha)
+{
+    return felt.lightnessF() > 0.55 ? QColor(0, 0, 0, alpha) : QColor(255, 255, 255, alpha);
+}
+
 QStringList messageLines(const QString &text)
 {
     QString t = text;
@@ -98,8 +104,7 @@ void TablePainter::paintCardBeds()
                 p.drawRoundedRect(QRectF(r).translated(0.006 * u * i, 0.008 * u * i), radius, radius);
             }
         } else {
-            QColor edge = s.felt.lighter(160);
-            edge.setAlpha(90);
+            const QColor edge = ink(s.felt, 80);
             QPen pen(edge, std::max(1.0, 0.004 * u), Qt::DashLine);
             p.setPen(pen);
             p.setBrush(Qt::NoBrush);
@@ -129,7 +134,7 @@ void TablePainter::paintStock()
         return;
     const int left = std::max(0, s.state.stockSize() - s.state.DeckPos + 1);
     p.setFont(font(0.032 * u));
-    p.setPen(QColor(255, 255, 255, 190));
+    p.setPen(ink(s.felt, 190));
     p.drawText(s.layout.stockCount, Qt::AlignCenter,
                left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left));
 }
@@ -265,7 +270,7 @@ void TablePainter::paintTotal()
     const bool clockwise = s.state.Direction >= 0;
     const qreal start = 120;            // degrees, counter-clockwise from three o'clock
     const qreal span = clockwise ? -100 : 100;
-    QColor arrow(255, 255, 255, 150);
+    const QColor arrow = ink(s.felt, 150);
     p.setPen(QPen(arrow, std::max(1.5, 0.008 * u), Qt::SolidLine, Qt::RoundCap));
     p.setBrush(Qt::NoBrush);
     for (int half = 0; half < 2; ++half) {
