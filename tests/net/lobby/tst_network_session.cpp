@@ -61,6 +61,7 @@ private slots:
     void guestsLeavingAfterTheGameChangeNothing();
     void lostHostEndsTheGuestsGame();
     void cancelledSessionDropsQuietly();
+    void takeOverOnAGuestLeavesQuietly();
     void linesBeforeTheStartAreParkedAndReplayed();
 };
 
@@ -149,6 +150,19 @@ void NetworkSessionTest::cancelledSessionDropsQuietly()
     Session::deliver();
     QVERIFY(g.told.isEmpty());
     QVERIFY(g.state.gameRunning());
+}
+
+void NetworkSessionTest::takeOverOnAGuestLeavesQuietly()
+{
+    Session g;
+    g.seat = 2;
+    g.engine.StartNewGame(EngineFixture::setup({Computer, LocalHuman}, NetGuestMode));
+    g.session.guestTakeOver();
+    QCOMPARE(int(g.state.CurrentPlayer), 0);
+    QCOMPARE(int(g.state.NetMode), int(LocalGame));
+    QCOMPARE(g.dialog.Tag, QStringLiteral("CANCEL"));
+    Session::deliver();
+    QVERIFY(g.told.isEmpty());
 }
 
 void NetworkSessionTest::linesBeforeTheStartAreParkedAndReplayed()
