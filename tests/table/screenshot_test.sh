@@ -134,16 +134,21 @@ seat_one() {
     sleep 0.5
   done
   [ "$(title)" = "1's Turn" ] || fail "seat 1 never got its turn (the title is '$(title)')"
-  sleep 0.8
+  sleep 0.6
   keys "$main" Return
-  sleep 1.2
+  sleep 0.9
 }
 
-# One turn of seat 1: the first of its three cards that may be played.
-play_turn() {
-  seat_one
+# Seat 1 plays the first of its three cards that may be played. Returns once the turn has passed
+# on (Enter now and then, in case seat 1 could not play and took a strike).
+play_card() {
   keys "$main" 1 2 3
-  sleep 1.5
+  local i
+  for i in $(seq 60); do
+    [ "$(title)" != "1's Turn" ] && return
+    [ $((i % 8)) -eq 0 ] && keys "$main" Return
+    sleep 0.25
+  done
 }
 
 # Cards menu, then Small, Medium or Large by their access keys.
@@ -157,13 +162,16 @@ card_size() {
 for seats in 2 10; do
   new_game "$seats"
   [ "$(title)" = "1's Turn" ] || fail "a new game of $seats seats starts with '$(title)'"
-  play_turn
   for size in s m l; do
     card_size "$size"
-    play_turn
-    seat_one
+    # The picture shows seat 1 to play, its cards face up.
+    for _ in 1 2 3; do
+      seat_one
+      [ "$(title)" = "1's Turn" ] && break
+    done
     case $size in s) name=small ;; m) name=medium ;; l) name=large ;; esac
     shot "table-$seats-seats-$name"
+    play_card
   done
   card_size m
 done
