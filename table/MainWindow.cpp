@@ -16,6 +16,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
@@ -36,7 +37,8 @@ const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
 MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmQX"));
-    setWindowIcon(QIcon(QPixmap::fromImage(CardArt::renderAppIcon(64))));
+    const QString iconFile = QCoreApplication::applicationDirPath() + QStringLiteral("/qx.png");
+    setWindowIcon(QFile::exists(iconFile) ? QIcon(iconFile) : QIcon(QPixmap::fromImage(CardArt::renderAppIcon(64))));
 
     m_engine = std::make_unique<TurnEngine>(m_state, *this, random ? *random : m_random);
     m_menus = buildMenus(menuBar());
@@ -55,8 +57,6 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_tmrNetwork->setObjectName(QStringLiteral("tmrNetwork"));
     m_tmrNetwork->setInterval(1000);
     connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
-    for (int i = 0; i < 4; ++i)
-        m_imgWait[static_cast<size_t>(i)] = CardArt::renderWaitPicture(i, QSize(64, 64));
 
     m_newGame = new NewGameDialog(this);
     m_strikes = new StrikesWindow(m_state, this, m_view);
@@ -359,6 +359,10 @@ void MainWindow::tmrNetwork_Timer()
     }
     if (++m_waitPicture > 3)
         m_waitPicture = 0;
+    // Drawn on first use: most games never wait for the network.
+    QImage &picture = m_imgWait[static_cast<size_t>(m_waitPicture)];
+    if (picture.isNull())
+        picture = CardArt::renderWaitPicture(m_waitPicture, QSize(64, 64));
     wait->setPixmap(QPixmap::fromImage(m_imgWait[static_cast<size_t>(m_waitPicture)]));
 }
 

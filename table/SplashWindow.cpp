@@ -58,7 +58,15 @@ void SplashWindow::drawSplash()
         felt.setColorAt(1, QColor(20, 82, 46));
         p.fillRect(background.rect(), felt);
     }
-    m_surface = composite(background, CardArt::renderSplashMask(size), CardArt::renderSplashPicture(size));
+    // The build ships the picture and its mask beside the program; drawing them is the fallback.
+    const QString folder = QCoreApplication::applicationDirPath();
+    QImage mask(folder + QStringLiteral("/splashmask.png"));
+    QImage picture(folder + QStringLiteral("/splash.png"));
+    if (mask.size() != size || picture.size() != size) {
+        mask = CardArt::renderSplashMask(size);
+        picture = CardArt::renderSplashPicture(size);
+    }
+    m_surface = composite(background, mask, picture);
     update();
     Label2->repaint();
 }
