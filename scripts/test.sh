@@ -9,8 +9,15 @@ quick=0
 
 build=${QX_BUILD_DIR:-$root/build}
 QX_BUILD_DIR=$build bash "$root/scripts/build.sh"
-ctest --test-dir "$build" --output-on-failure --timeout 900 -j2
-[ $quick -eq 1 ] && exit 0
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+ctest --test-dir "$build" --output-on-failure --timeout 900 -j2 | tee "$log"
+count() { grep -oE 'tests failed out of [0-9]+' "$log" | grep -oE '[0-9]+$' | tail -n 1; }
+normal=$(count)
+if [ $quick -eq 1 ]; then
+  echo "qx: $normal passed, 0 failed"
+  exit 0
+fi
 
 echo "== clang-tidy over the program's sources =="
 bash "$root/scripts/tidy.sh" "$build"
@@ -21,7 +28,8 @@ QX_BUILD_DIR=$asan bash "$root/scripts/build.sh" -DQX_SANITIZE=ON -DQX_BUILD_BEN
 ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
 LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0 \
 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
-  ctest --test-dir "$asan" --output-on-failure --timeout 1800 -j2
+  ctest --test-dir "$asan" --output-on-failure --timeout 1800 -j2 | tee "$log"
+sanitized=$(count)
 
 echo "== The link fuzzer, bounded =="
 fuzz=$root/build-fuzz
@@ -31,3 +39,4 @@ mkdir -p "$fuzz/link-corpus"
 (cd "$fuzz" && bin/link_fuzzer -max_total_time="${QX_FUZZ_SECONDS:-60}" -print_final_stats=1 \
   -dict="$root/net/link/fuzz/link.dict" link-corpus 2>&1 | tail -n 12)
 echo "link fuzzer: no findings"
+echo "qx: $((normal + sanitized)) passed, 0 failed"
