@@ -11,8 +11,11 @@ double ClockRandom::next()
 
 void ClockRandom::seedFromClock()
 {
-    // Milliseconds since midnight: a new sequence for every stock, as the clock moves on.
-    m_engine.seed(static_cast<unsigned>(QTime::currentTime().msecsSinceStartOfDay()));
+    // Milliseconds since midnight give a new sequence for every stock as the clock moves on. Two
+    // shuffles within one millisecond (a round that ends at once) must still differ, so the count
+    // of earlier seeds is mixed in.
+    const auto msecs = static_cast<unsigned>(QTime::currentTime().msecsSinceStartOfDay());
+    m_engine.seed(msecs ^ (++m_seeds * 0x9E3779B9u));
 }
 
 } // namespace qx

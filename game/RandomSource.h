@@ -20,6 +20,7 @@ public:
 
 private:
     std::mt19937 m_engine{5489u};
+    unsigned m_seeds = 0;
     std::uniform_real_distribution<double> m_uniform{0.0, 1.0};
 };
 
