@@ -1,5 +1,6 @@
 // Whole computer-only games per second, on a table that shows nothing and never waits.
 #include "GameState.h"
+#include "NullTable.h"
 #include "RandomSource.h"
 #include "Table.h"
 #include "TurnEngine.h"
@@ -12,40 +13,7 @@ namespace {
 
 using namespace qx;
 
-class NullTable : public Table {
-public:
-    TurnEngine *engine = nullptr;
-
-    void showFace(int, int) override {}
-    void showBack(int) override {}
-    void clearSlot(int) override {}
-    bool slotShowsCard(int) const override { return false; }
-    void setCaption(const QString &text) override { m_caption = text; }
-    QString caption() const override { return m_caption; }
-    void showMessage(const QString &) override {}
-    void refresh() override {}
-    void refreshStrikeMarks() override {}
-    void pause(double) override {}
-    void processEvents() override {}
-    // The winner's announcement waits for Resume: press it at once.
-    void waitForResume(const std::function<bool()> &) override { engine->cmdContinue_Click(); }
-    void hideResume() override {}
-    void waitUntil(const std::function<bool()> &) override {}
-    void wake() override {}
-    void animateCardMove(int, int) override {}
-    void animateCardFlip(int, int) override {}
-    void beep() override {}
-    void playCheer() override {}
-    bool isChecked(Check) const override { return false; }
-    void setTakeOverEnabled(bool) override {}
-    void setGuestMenusEnabled(bool) override {}
-    void setNetworkTimer(bool) override {}
-    bool networkTimerEnabled() const override { return false; }
-    void hideWaitIndicator() override {}
-
-private:
-    QString m_caption;
-};
+using bench::NullTable;
 
 // A fixed sequence, so every run plays the same games.
 class SeededRandom : public RandomSource {

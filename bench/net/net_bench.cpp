@@ -4,6 +4,7 @@
 #include "GameLines.h"
 #include "NetClient.h"
 #include "NetHost.h"
+#include "NullTable.h"
 #include "RandomSource.h"
 #include "Table.h"
 #include "TurnEngine.h"
@@ -22,35 +23,7 @@ using namespace qx;
 
 namespace {
 
-// A table that shows nothing: the benchmark measures the wire and the line handling.
-class NullTable : public Table {
-public:
-    void showFace(int, int) override {}
-    void showBack(int) override {}
-    void clearSlot(int) override {}
-    bool slotShowsCard(int) const override { return false; }
-    void setCaption(const QString &) override {}
-    QString caption() const override { return {}; }
-    void showMessage(const QString &) override {}
-    void refresh() override {}
-    void refreshStrikeMarks() override {}
-    void pause(double) override {}
-    void processEvents() override {}
-    void waitForResume(const std::function<bool()> &) override {}
-    void hideResume() override {}
-    void waitUntil(const std::function<bool()> &) override {}
-    void wake() override {}
-    void animateCardMove(int, int) override {}
-    void animateCardFlip(int, int) override {}
-    void beep() override {}
-    void playCheer() override {}
-    bool isChecked(Check) const override { return false; }
-    void setTakeOverEnabled(bool) override {}
-    void setGuestMenusEnabled(bool) override {}
-    void setNetworkTimer(bool) override {}
-    bool networkTimerEnabled() const override { return false; }
-    void hideWaitIndicator() override {}
-};
+using bench::NullTable;
 
 struct Copy {
     GameState state;
