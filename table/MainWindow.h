@@ -133,9 +133,6 @@ public:
     void showAbout() override;
     bool askYesNo(const QString &text) override { return ask(text); }
 
-    // The colour a stored background value stands for.
-    static QColor colorOf(qint32 value);
-
 protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

@@ -2,6 +2,7 @@
 #include "MainWindow.h"
 
 #include "AboutBox.h"
+#include "BackColor.h"
 #include "Animation.h"
 #include "CardBackChooser.h"
 #include "CardSlot.h"
@@ -177,19 +178,10 @@ void MainWindow::hideWaitIndicator() { m_view->picWait()->hide(); }
 
 // ---- Options ----
 
-QColor MainWindow::colorOf(qint32 value)
-{
-    if (value == ButtonFaceColor)
-        return QApplication::palette().color(QPalette::Button);
-    const auto bgr = static_cast<quint32>(value);
-    return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
-                  static_cast<int>((bgr >> 16) & 0xFF));
-}
-
 void MainWindow::applyBackColor(qint32 value)
 {
     m_backColor = value;
-    const QColor color = colorOf(value);
+    const QColor color = BackColor::toQColor(value);
     // The play area covers the whole client area, so the window's own palette is left alone: the
     // menus and the dialogs, its children, keep the desktop's colours.
     // The desktop's colour leaves the cloth its own green; any other colour dyes the cloth.
