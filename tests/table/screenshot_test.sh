@@ -31,22 +31,16 @@ fail() {
   exit 1
 }
 
-# A display of our own, so that parallel runs never meet.
-display=""
-for n in $(seq 91 160); do
-  if [ ! -e "/tmp/.X11-unix/X$n" ] && [ ! -e "/tmp/.X$n-lock" ]; then
-    display=":$n"
-    break
-  fi
-done
-[ -n "$display" ] || fail "no free display number"
-Xvfb "$display" -screen 0 2000x1300x24 -nolisten tcp >"$tmp/xvfb.log" 2>&1 &
+# A display of our own, so that parallel runs never meet: Xvfb picks a free number itself and
+# writes it once it accepts connections.
+Xvfb -displayfd 3 -screen 0 2000x1300x24 -nolisten tcp 3>"$tmp/display" >"$tmp/xvfb.log" 2>&1 &
 xvfb_pid=$!
-export DISPLAY=$display
-for _ in $(seq 50); do
-  xdotool getdisplaygeometry >/dev/null 2>&1 && break
+for _ in $(seq 100); do
+  [ -s "$tmp/display" ] && break
   sleep 0.1
 done
+[ -s "$tmp/display" ] || fail "Xvfb did not start: $(cat "$tmp/xvfb.log")"
+export DISPLAY=":$(head -n 1 "$tmp/display")"
 xdotool getdisplaygeometry >/dev/null 2>&1 || fail "Xvfb did not start"
 
 # The player's settings stay in the temporary folder.
