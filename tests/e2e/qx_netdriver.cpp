@@ -2,13 +2,15 @@
 // processes. It builds the program's real main window and works it as a person would: F2, the New
 // Game dialog's own controls (Network Play, Host or Guest, the host's address, a seat, the
 // buttons), a click on a playable card whenever its seat is to move, "&Resume" whenever it shows,
-// and OK on every message box, whose text it notes. At the end it prints one line
-//   QXRESULT {"role":..., "winner":n, "strikes":[...], "messages":[...], ...}
-// and, along the way, QXPORT n (a host, once it listens) and QXEVENT lines (its own moves).
+// and OK on every message box, whose text it notes. After each game it prints one line
+//   QXGAME {"role":..., "winner":n, "strikes":[...], "messages":[...], ...}
+// and after its last game (or on giving up) the same as QXRESULT {...}; along the way it prints
+// QXPORT n (a host, each time it listens) and QXEVENT lines (its own moves).
 //
 // Options: --role host|guest, --players n (host), --seat n (the seat this copy plays, 1-based),
 // --guests n (host: start once n guests hold seats), --host address (guest), --name text (the
-// guest's computer name), --time-scale x (the Waiter's), --timeout seconds.
+// guest's computer name), --games n (games in a row; each one starts again with F2 and the
+// lobby, as a person would), --time-scale x (the Waiter's), --timeout seconds.
 // The port comes from QX_PORT (0 lets a host take any free port); QX_ANNOUNCE_VERSION makes a
 // guest announce another version.
 
@@ -50,6 +52,7 @@ struct Options {
     int guests = 0;
     QString hostAddress = QStringLiteral("127.0.0.1");
     QString name;
+    int games = 1;
     double timeScale = 0.01;
     int timeoutSeconds = 45;
 };
@@ -72,6 +75,16 @@ public:
 
     void begin()
     {
+        m_sawDialog = false;
+        m_networkChosen = false;
+        m_started = false;
+        m_gameSeen = false;
+        m_connectedAt.invalidate();
+        m_askedAt.invalidate();
+        m_retryAt.invalidate();
+        m_messagesBeforeGame = int(m_messages.size());
+        m_players = 0;
+        m_strikes.fill(0);
         prepareOptions();
         // F2, as a person starts a game; the New command runs the dialog and then the game
         // inside this call.
@@ -218,16 +231,27 @@ private:
                 m_d.setAnnouncedVersion(QString::fromLatin1(version));
             m_d.optGuest->click();
             m_d.chkNetwork->click();
+            // The box keeps the last game's address: select it all and type over it.
+            m_d.txtHost->selectAll();
             QTest::keyClicks(m_d.txtHost, m_o.hostAddress);
             return;
         }
         if (!m_d.chkNetwork->isChecked()) {
             // Turned away, or the lobby closed without us: nothing more to do here.
-            if (!m_messages.isEmpty()) {
+            if (m_messages.size() > m_messagesBeforeGame) {
                 act([this] {
                     m_d.cmdCancel->click();
                     finish(true, QStringLiteral("left the lobby"));
                 });
+                return;
+            }
+            // The host is not listening yet (it may still be closing its last game): tick Network
+            // Play again a moment later, as a person would.
+            if (!m_retryAt.isValid()) {
+                m_retryAt.start();
+            } else if (m_retryAt.elapsed() > 200) {
+                m_retryAt.invalidate();
+                m_d.chkNetwork->click();
             }
             return;
         }
@@ -284,7 +308,7 @@ private:
             return;
         }
         if (m_gameSeen && s.NetMode == LocalGame && s.CurrentPlayer == 0 && s.NumPlayers == 0) {
-            finish(true, QStringLiteral("game over"));
+            gameOver();
             return;
         }
         if (m_w.playArea()->humanMayPlay())
@@ -308,12 +332,34 @@ private:
         }
     }
 
+    void gameOver()
+    {
+        if (++m_gamesPlayed >= m_o.games) {
+            finish(true, QStringLiteral("game over"));
+            return;
+        }
+        say(QStringLiteral("QXGAME ") + resultJson(true, QStringLiteral("game over")));
+        m_started = false;
+        act([this] { begin(); });
+    }
+
     void finish(bool finished, const QString &why)
     {
         if (m_done)
             return;
         m_done = true;
         dismissMessageBoxes();
+        const QString result = resultJson(finished, why);
+        if (finished && m_gameSeen)
+            say(QStringLiteral("QXGAME ") + result);
+        say(QStringLiteral("QXRESULT ") + result);
+        // Whatever wait the game sits in ends, and the program with it.
+        m_w.waiter().release();
+        QCoreApplication::exit(finished ? 0 : 2);
+    }
+
+    QString resultJson(bool finished, const QString &why)
+    {
         const GameState &s = m_w.state();
         for (int seat = 1; seat <= m_players; ++seat)
             m_strikes[static_cast<size_t>(seat)] = s.Strikes(seat);
@@ -338,12 +384,10 @@ private:
         result[QStringLiteral("players")] = m_players;
         result[QStringLiteral("winner")] = inPlay == 1 ? winner : 0;
         result[QStringLiteral("strikes")] = strikes;
-        result[QStringLiteral("messages")] = QJsonArray::fromStringList(m_messages);
+        result[QStringLiteral("messages")] = QJsonArray::fromStringList(m_messages.mid(m_messagesBeforeGame));
         result[QStringLiteral("moves")] = m_moves;
-        say(QStringLiteral("QXRESULT ") + QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Compact)));
-        // Whatever wait the game sits in ends, and the program with it.
-        m_w.waiter().release();
-        QCoreApplication::exit(finished ? 0 : 2);
+        result[QStringLiteral("game")] = m_gamesPlayed;
+        return QString::fromUtf8(QJsonDocument(result).toJson(QJsonDocument::Compact));
     }
 
     MainWindow &m_w;
@@ -353,11 +397,14 @@ private:
     QElapsedTimer m_clock;
     QElapsedTimer m_connectedAt;
     QElapsedTimer m_askedAt;
+    QElapsedTimer m_retryAt;
     QSet<QMessageBox *> m_dismissed;
     QStringList m_messages;
     std::array<int, MaxSeats + 1> m_strikes{};
     int m_players = 0;
     int m_moves = 0;
+    int m_gamesPlayed = 0;
+    int m_messagesBeforeGame = 0;
     bool m_inStep = false;
     bool m_actionPending = false;
     bool m_sawDialog = false;
@@ -376,6 +423,7 @@ Options parse(const QStringList &args)
                   {QStringLiteral("guests"), QStringLiteral("guests to wait for"), QStringLiteral("n")},
                   {QStringLiteral("host"), QStringLiteral("the host's address"), QStringLiteral("address")},
                   {QStringLiteral("name"), QStringLiteral("the guest's computer name"), QStringLiteral("text")},
+                  {QStringLiteral("games"), QStringLiteral("games in a row"), QStringLiteral("n")},
                   {QStringLiteral("time-scale"), QStringLiteral("scale of every pause"), QStringLiteral("x")},
                   {QStringLiteral("timeout"), QStringLiteral("seconds before giving up"), QStringLiteral("s")}});
     p.process(args);
@@ -389,6 +437,8 @@ Options parse(const QStringList &args)
     if (p.isSet(QStringLiteral("host")))
         o.hostAddress = p.value(QStringLiteral("host"));
     o.name = p.value(QStringLiteral("name"));
+    if (p.isSet(QStringLiteral("games")))
+        o.games = qMax(1, p.value(QStringLiteral("games")).toInt());
     if (p.isSet(QStringLiteral("time-scale")))
         o.timeScale = p.value(QStringLiteral("time-scale")).toDouble();
     if (p.isSet(QStringLiteral("timeout")))

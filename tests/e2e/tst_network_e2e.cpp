@@ -1,13 +1,15 @@
 // Network games end to end: separate processes of the real program (qx_netdriver), one host and
 // its guests on a loopback port the host's system picks, each copy played by its robot. Every copy
 // must end with the same winner and the same strikes for every seat, computer seats included;
-// a guest that dies, a host that dies and a guest of the wrong version are played out too.
+// a guest that dies, a host that dies and a guest of the wrong version are played out too, and a
+// soak of several games in a row in which one guest leaves between games and another comes in.
 
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -22,14 +24,14 @@ const QString Dropped = QStringLiteral("The connection to the host has dropped."
 // One copy of the program and what it printed.
 class Copy : public QObject {
 public:
-    Copy(const QString &name, const QStringList &args, const QString &port, const QString &configDir,
+    Copy(const QString &name, const QStringList &args, int port, const QString &configDir,
          const QString &announceVersion = QString())
         : m_name(name)
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("qt.*=false"));
-        env.insert(QStringLiteral("QX_PORT"), port);
+        env.insert(QStringLiteral("QX_PORT"), QString::number(port));
         // Each copy keeps its options in its own place, as on its own computer.
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), configDir);
         if (!announceVersion.isEmpty())
@@ -49,6 +51,15 @@ public:
 
     bool running() const { return m_process.state() != QProcess::NotRunning; }
     bool hasResult() const { return !m_result.isEmpty(); }
+    // The program's exit code once it has ended by itself; -1 while it runs or after a crash.
+    int exitCode() const
+    {
+        return m_process.state() == QProcess::NotRunning && m_process.exitStatus() == QProcess::NormalExit
+                   ? m_process.exitCode()
+                   : -1;
+    }
+    // Every game this copy saw to its end, in order.
+    const QList<QJsonObject> &games() const { return m_games; }
     int port() const { return m_port; }
     int moves() const { return m_moves; }
     const QJsonObject &result() const { return m_result; }
@@ -59,22 +70,25 @@ public:
         m_process.kill();
         m_process.waitForFinished(5000);
     }
-    QStringList messages() const
+    QStringList messages() const { return messagesOf(m_result); }
+    QList<int> strikes() const { return strikesOf(m_result); }
+    int winner() const { return m_result.value(QStringLiteral("winner")).toInt(); }
+    bool finished() const { return m_result.value(QStringLiteral("finished")).toBool(); }
+
+    static QStringList messagesOf(const QJsonObject &result)
     {
         QStringList out;
-        for (const QJsonValue &m : m_result.value(QStringLiteral("messages")).toArray())
+        for (const QJsonValue &m : result.value(QStringLiteral("messages")).toArray())
             out << m.toString();
         return out;
     }
-    QList<int> strikes() const
+    static QList<int> strikesOf(const QJsonObject &result)
     {
         QList<int> out;
-        for (const QJsonValue &n : m_result.value(QStringLiteral("strikes")).toArray())
+        for (const QJsonValue &n : result.value(QStringLiteral("strikes")).toArray())
             out << n.toInt();
         return out;
     }
-    int winner() const { return m_result.value(QStringLiteral("winner")).toInt(); }
-    bool finished() const { return m_result.value(QStringLiteral("finished")).toBool(); }
 
 private:
     void read()
@@ -89,6 +103,8 @@ private:
                 m_port = line.mid(7).toInt();
             else if (line.startsWith(QLatin1String("QXEVENT moved ")))
                 m_moves = line.mid(14).toInt();
+            else if (line.startsWith(QLatin1String("QXGAME ")))
+                m_games << QJsonDocument::fromJson(line.mid(7).toUtf8()).object();
             else if (line.startsWith(QLatin1String("QXRESULT ")))
                 m_result = QJsonDocument::fromJson(line.mid(9).toUtf8()).object();
         }
@@ -100,6 +116,7 @@ private:
     QByteArray m_stderr;
     QStringList m_lines;
     QJsonObject m_result;
+    QList<QJsonObject> m_games;
     int m_port = 0;
     int m_moves = 0;
 };
@@ -115,10 +132,12 @@ private slots:
     void guestLeavingMidGameIsPlayedByTheComputer();
     void hostLeavingMidGameEndsTheGuests();
     void guestOfAnotherVersionIsTurnedAway();
+    void severalGamesInARowWithAGuestChangingBetweenThem();
 
 private:
-    Copy &startHost(int players, int guests);
-    Copy &startGuest(const QString &name, int seat, const QString &version = QString());
+    Copy &startHost(int players, int guests, const QStringList &more = {}, int port = 0);
+    Copy &startGuest(const QString &name, int seat, const QString &version = QString(),
+                     const QStringList &more = {});
     bool waitFor(const std::function<bool()> &condition, int timeoutMs = GameTimeoutMs);
     QString logs() const;
     void expectSameGame(const Copy &a, const Copy &b);
@@ -154,7 +173,7 @@ bool NetworkEndToEndTest::waitFor(const std::function<bool()> &condition, int ti
     return true;
 }
 
-Copy &NetworkEndToEndTest::startHost(int players, int guests)
+Copy &NetworkEndToEndTest::startHost(int players, int guests, const QStringList &more, int port)
 {
     const QString dir = m_config.filePath(QStringLiteral("host"));
     QDir().mkpath(dir);
@@ -162,8 +181,9 @@ Copy &NetworkEndToEndTest::startHost(int players, int guests)
         QStringLiteral("host"),
         QStringList{QStringLiteral("--role"), QStringLiteral("host"), QStringLiteral("--players"),
                     QString::number(players), QStringLiteral("--seat"), QStringLiteral("1"),
-                    QStringLiteral("--guests"), QString::number(guests)},
-        QStringLiteral("0"), dir));
+                    QStringLiteral("--guests"), QString::number(guests)}
+            + more,
+        port, dir));
     Copy &host = *m_copies.back();
     m_port = 0;
     if (waitFor([&] { return host.port() > 0 || !host.running(); }, 20000))
@@ -171,7 +191,8 @@ Copy &NetworkEndToEndTest::startHost(int players, int guests)
     return host;
 }
 
-Copy &NetworkEndToEndTest::startGuest(const QString &name, int seat, const QString &version)
+Copy &NetworkEndToEndTest::startGuest(const QString &name, int seat, const QString &version,
+                                      const QStringList &more)
 {
     const QString dir = m_config.filePath(name);
     QDir().mkpath(dir);
@@ -179,8 +200,9 @@ Copy &NetworkEndToEndTest::startGuest(const QString &name, int seat, const QStri
         name,
         QStringList{QStringLiteral("--role"), QStringLiteral("guest"), QStringLiteral("--host"),
                     QStringLiteral("127.0.0.1"), QStringLiteral("--name"), name, QStringLiteral("--seat"),
-                    QString::number(seat)},
-        QString::number(m_port), dir, version));
+                    QString::number(seat)}
+            + more,
+        m_port, dir, version));
     return *m_copies.back();
 }
 
@@ -264,6 +286,57 @@ void NetworkEndToEndTest::guestOfAnotherVersionIsTurnedAway()
     QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult(); }), qPrintable(logs()));
     expectSameGame(host, ada);
     QCOMPARE(host.strikes().size(), 3);
+}
+
+void NetworkEndToEndTest::severalGamesInARowWithAGuestChangingBetweenThem()
+{
+    // Every game opens a new lobby on the same port, as a host that keeps its settings does.
+    int port = 0;
+    {
+        QTcpServer probe;
+        QVERIFY(probe.listen(QHostAddress::LocalHost, 0));
+        port = probe.serverPort();
+    }
+    const QStringList threeGames{QStringLiteral("--games"), QStringLiteral("3"), QStringLiteral("--timeout"),
+                                 QStringLiteral("150")};
+    Copy &host = startHost(4, 2, threeGames, port);
+    QVERIFY2(m_port == port, qPrintable(logs()));
+    Copy &ada = startGuest(QStringLiteral("ada"), 2, QString(), threeGames);
+    Copy &bob = startGuest(QStringLiteral("bob"), 3); // one game, then closes the program
+
+    QVERIFY2(waitFor([&] { return bob.exitCode() >= 0; }), qPrintable(logs()));
+    Copy &cy = startGuest(QStringLiteral("cy"), 3, QString(),
+                          {QStringLiteral("--games"), QStringLiteral("2"), QStringLiteral("--timeout"),
+                           QStringLiteral("150")});
+    QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult() && cy.hasResult(); }, 3 * GameTimeoutMs),
+             qPrintable(logs()));
+    QVERIFY2(waitFor([&] { return !host.running() && !ada.running() && !cy.running(); }, 20000), qPrintable(logs()));
+
+    // Each program ended by itself and cleanly: under the sanitizers a leak or an error would
+    // change its exit code.
+    for (const Copy *c : {&host, &ada, &bob, &cy})
+        QVERIFY2(c->exitCode() == 0, qPrintable(c->log()));
+    QCOMPARE(host.games().size(), 3);
+    QCOMPARE(ada.games().size(), 3);
+    QCOMPARE(bob.games().size(), 1);
+    QCOMPARE(cy.games().size(), 2);
+    for (int game = 0; game < 3; ++game) {
+        const QJsonObject &mine = host.games().at(game);
+        const QJsonObject &third = game == 0 ? bob.games().at(0) : cy.games().at(game - 1);
+        int inPlay = 0;
+        for (int n : Copy::strikesOf(mine))
+            inPlay += n < 3 ? 1 : 0;
+        QVERIFY2(inPlay == 1 && Copy::strikesOf(mine).size() == 4, qPrintable(logs()));
+        for (const QJsonObject &theirs : {ada.games().at(game), third}) {
+            QCOMPARE(Copy::strikesOf(theirs), Copy::strikesOf(mine));
+            QCOMPARE(theirs.value(QStringLiteral("winner")), mine.value(QStringLiteral("winner")));
+            QCOMPARE(theirs.value(QStringLiteral("players")).toInt(), 4);
+        }
+        QCOMPARE(ada.games().at(game).value(QStringLiteral("seat")).toInt(), 2);
+        QCOMPARE(third.value(QStringLiteral("seat")).toInt(), 3);
+        for (const QJsonObject &result : {mine, ada.games().at(game), third})
+            QVERIFY2(Copy::messagesOf(result).isEmpty(), qPrintable(logs()));
+    }
 }
 
 QTEST_GUILESS_MAIN(NetworkEndToEndTest)
