@@ -1,40 +1,47 @@
 #include "Sound.h"
 
-#include <QAudioDevice>
 #include <QCoreApplication>
-#include <QMediaDevices>
-#include <QPointer>
-#include <QSoundEffect>
-#include <QUrl>
-
-#include <map>
+#include <QLibrary>
 
 namespace qx {
 
 namespace {
 
-// One effect per file, kept while the application lives (it owns them, so none outlives it):
-// QSoundEffect loads the file once and plays it in the background while the game goes on.
-class MultimediaOutput : public SoundOutput {
+// The audio module beside the program, loaded the first time a sound is wanted. Without it (or
+// without its libraries) QX is silent, as on a computer with no audio output.
+class ModuleOutput : public SoundOutput {
 public:
-    int deviceCount() override { return int(QMediaDevices::audioOutputs().size()); }
-
+    int deviceCount() override
+    {
+        SoundOutput *real = load();
+        return real ? real->deviceCount() : 0;
+    }
     void play(const QString &path) override
     {
-        QPointer<QSoundEffect> &effect = m_effects[path];
-        if (!effect) {
-            effect = new QSoundEffect(QCoreApplication::instance());
-            effect->setSource(QUrl::fromLocalFile(path));
-        }
-        effect->play();
+        if (SoundOutput *real = load())
+            real->play(path);
     }
 
 private:
-    std::map<QString, QPointer<QSoundEffect>> m_effects;
+    SoundOutput *load()
+    {
+        if (!m_tried) {
+            m_tried = true;
+            // The library stays loaded once found: the output it hands out lives in it.
+            QLibrary library(QCoreApplication::applicationDirPath() + QStringLiteral("/libqx_sound_multimedia.so"));
+            using Factory = SoundOutput *(*)();
+            if (auto factory = reinterpret_cast<Factory>(library.resolve("qx_sound_output")))
+                m_real = factory();
+        }
+        return m_real;
+    }
+
+    SoundOutput *m_real = nullptr;
+    bool m_tried = false;
 };
 
 struct SoundModule {
-    MultimediaOutput real;
+    ModuleOutput real;
     SoundOutput *output = &real;
     int waveDevices = 0;
 };

@@ -16,8 +16,9 @@ void PlaySnd(const QString &file, int flags);
 // are counted again at every PlaySnd.
 int WaveDevices();
 
-// Where the sound goes. The real output counts the desktop's audio outputs and plays through Qt
-// Multimedia; tests put a recording one in its place.
+// Where the sound goes. The real output, in the module libqx_sound_multimedia.so beside the
+// program, counts the desktop's audio outputs and plays through Qt Multimedia; tests put a
+// recording one in its place.
 class SoundOutput {
 public:
     virtual ~SoundOutput() = default;

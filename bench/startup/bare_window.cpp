@@ -6,6 +6,9 @@
 #include <QMenuBar>
 #include <QTimer>
 
+#include <chrono>
+#include <cstdio>
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
@@ -15,6 +18,10 @@ int main(int argc, char *argv[])
     window.resize(720, 540);
     window.show();
     if (qEnvironmentVariableIsSet("QX_QUIT_WHEN_SHOWN"))
-        QTimer::singleShot(0, &app, &QCoreApplication::quit);
+        QTimer::singleShot(0, &app, [] {
+            const auto now = std::chrono::steady_clock::now().time_since_epoch();
+            std::printf("shown %lld\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
+            QCoreApplication::quit();
+        });
     return QApplication::exec();
 }

@@ -1,7 +1,9 @@
 // Start-up time and memory of QX beside the bare window floor. Each program is launched many
-// times, alternating, with QX_QUIT_WHEN_SHOWN set: it leaves as soon as its main window is shown.
-// Wall time is from fork to exit; memory is the child's peak resident set.
+// times, alternating, with QX_QUIT_WHEN_SHOWN set: as soon as its main window is shown it prints
+// "shown <steady clock in ns>" and leaves. Start-up is from fork to that moment (the program's
+// tear-down is not part of it); memory is the child's peak resident set.
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -9,7 +11,6 @@
 
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -21,23 +22,39 @@ struct Run {
 
 Run launch(const char *program)
 {
-    timespec start{}, end{};
-    clock_gettime(CLOCK_MONOTONIC, &start);
+    int out[2];
+    if (pipe(out) != 0) {
+        std::perror("pipe");
+        std::exit(1);
+    }
+    const auto start = std::chrono::steady_clock::now();
     const pid_t pid = fork();
     if (pid == 0) {
+        dup2(out[1], STDOUT_FILENO);
+        close(out[0]);
+        close(out[1]);
         setenv("QX_QUIT_WHEN_SHOWN", "1", 1);
         execl(program, program, static_cast<char *>(nullptr));
         _exit(127);
     }
+    close(out[1]);
+    std::string printed;
+    char buffer[256];
+    for (ssize_t n; (n = read(out[0], buffer, sizeof buffer)) > 0;)
+        printed.append(buffer, size_t(n));
+    close(out[0]);
     int status = 0;
     rusage usage{};
     wait4(pid, &status, 0, &usage);
-    clock_gettime(CLOCK_MONOTONIC, &end);
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        std::fprintf(stderr, "%s did not end cleanly\n", program);
+    const size_t at = printed.find("shown ");
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0 || at == std::string::npos) {
+        std::fprintf(stderr, "%s did not end cleanly or never said it was shown\n", program);
         std::exit(1);
     }
-    return {double(end.tv_sec - start.tv_sec) + double(end.tv_nsec - start.tv_nsec) / 1e9, usage.ru_maxrss};
+    const long long shownNs = std::atoll(printed.c_str() + at + 6);
+    const long long startNs =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(start.time_since_epoch()).count();
+    return {double(shownNs - startNs) / 1e9, usage.ru_maxrss};
 }
 
 template <typename T>

@@ -1,6 +1,7 @@
 #include "Sound.h"
 
 #include <QCoreApplication>
+#include <QLibrary>
 #include <QTest>
 
 using namespace qx;
@@ -71,6 +72,20 @@ private slots:
         PlaySnd(QStringLiteral("CHEER.WAV"), 1);
         QCOMPARE(second.queries, 1);
         QVERIFY(second.played.isEmpty());
+    }
+
+    void audioModuleIsBesideTheProgram()
+    {
+        // The real output comes from this module; a wrong name or place would leave QX silent.
+        QLibrary module(QCoreApplication::applicationDirPath() + QStringLiteral("/libqx_sound_multimedia.so"));
+        QVERIFY2(module.load(), qPrintable(module.errorString()));
+        using Factory = SoundOutput *(*)();
+        auto factory = reinterpret_cast<Factory>(module.resolve("qx_sound_output"));
+        QVERIFY(factory);
+        SoundOutput *output = factory();
+        QVERIFY(output);
+        QCOMPARE(factory(), output); // one output for the program's life
+        QVERIFY(output->deviceCount() >= 0);
     }
 
     void realOutputNeverFails()
