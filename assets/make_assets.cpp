@@ -1,10 +1,12 @@
 // Writes the files the game loads from its own folder: the card backs deck1.bmp .. deckN.bmp, the
-// win sound CHEER.WAV and the icon qx.png. Run by the build:
+// win sound CHEER.WAV, the icon qx.png, and the pictures start-up reads (the splash and the
+// window icon, as plain netpbm files). Run by the build:
 //     qx_make_assets <output folder> <number of backs>
 // The number of backs is the build's own count; a mismatch with the drawings stops the build.
 
 #include "CardArt.h"
 #include "CheerSound.h"
+#include "Netpbm.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,6 +14,7 @@
 #include <QPainter>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -19,6 +22,7 @@ namespace {
 // the backs stay crisp on the large cards.
 const QSize BackFileSize(142, 192);
 const int IconSize = 256;
+const int WindowIconSize = 64;
 
 bool fail(const QString &message)
 {
@@ -60,16 +64,23 @@ bool writeIcon(const QDir &folder)
     return true;
 }
 
-// The splash picture and its mask at the size the splash shows them, so that start-up reads two
-// small files instead of drawing a fan of cards.
-bool writeSplash(const QDir &folder)
+// The splash's backdrop, picture and mask at the sizes the splash shows them, and the window
+// icon, so that start-up reads a few plain files instead of drawing a fan of cards and loading
+// the fonts of its title.
+bool writeStartupPictures(const QDir &folder)
 {
-    const QSize size = qx::CardArt::DesignCell * 2;
-    const QString picture = folder.filePath(QStringLiteral("splash.png"));
-    const QString mask = folder.filePath(QStringLiteral("splashmask.png"));
-    if (!qx::CardArt::renderSplashPicture(size).save(picture, "PNG")
-        || !qx::CardArt::renderSplashMask(size).save(mask, "PNG"))
-        return fail(QStringLiteral("cannot write %1 or %2").arg(picture, mask));
+    const QSize size = qx::CardArt::splashPictureRect().size();
+    const std::pair<QString, QImage> pictures[] = {
+        {QStringLiteral("splashback.ppm"), qx::CardArt::renderSplashBackdrop()},
+        {QStringLiteral("splash.ppm"), qx::CardArt::renderSplashPicture(size)},
+        {QStringLiteral("splashmask.ppm"), qx::CardArt::renderSplashMask(size)},
+        {QStringLiteral("qxicon.pam"), qx::CardArt::renderAppIcon(WindowIconSize)},
+    };
+    for (const auto &[name, image] : pictures) {
+        const QString path = folder.filePath(name);
+        if (!qx::Netpbm::write(image, path))
+            return fail(QStringLiteral("cannot write %1").arg(path));
+    }
     return true;
 }
 
@@ -98,5 +109,5 @@ int main(int argc, char **argv)
         fail(QStringLiteral("cannot create %1").arg(folder.path()));
         return 1;
     }
-    return writeBacks(folder, backs) && writeCheer(folder) && writeIcon(folder) && writeSplash(folder) ? 0 : 1;
+    return writeBacks(folder, backs) && writeCheer(folder) && writeIcon(folder) && writeStartupPictures(folder) ? 0 : 1;
 }

@@ -95,7 +95,13 @@ QString GetReg(const QString &section, const QString &key)
 void SaveReg(const QString &section, const QString &key, const QString &value)
 {
     const Store store("SaveReg");
-    store->setValue(fullKey(section, key), value);
+    const QString full = fullKey(section, key);
+    // A value that is already there is left alone: the file is then not rewritten (and synced to
+    // disk) at every start, when the Default section is saved again unchanged.
+    const QVariant stored = store->value(full);
+    if (stored.isValid() && stored.toString() == value)
+        return;
+    store->setValue(full, value);
 }
 
 } // namespace qx

@@ -4,6 +4,7 @@
 #include "Animation.h"
 #include "CardBackChooser.h"
 #include "CardSlot.h"
+#include "Netpbm.h"
 #include "NetworkSession.h"
 #include "NewGameDialog.h"
 #include "OptionsCommands.h"
@@ -16,7 +17,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFile>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
@@ -37,8 +37,9 @@ const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
 MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(parent)
 {
     setObjectName(QStringLiteral("frmQX"));
-    const QString iconFile = QCoreApplication::applicationDirPath() + QStringLiteral("/qx.png");
-    setWindowIcon(QFile::exists(iconFile) ? QIcon(iconFile) : QIcon(QPixmap::fromImage(CardArt::renderAppIcon(64))));
+    // The build draws the window icon beside the program; drawing it here is the fallback.
+    QImage icon = Netpbm::read(QCoreApplication::applicationDirPath() + QStringLiteral("/qxicon.pam"));
+    setWindowIcon(QPixmap::fromImage(icon.isNull() ? CardArt::renderAppIcon(64) : icon));
 
     m_engine = std::make_unique<TurnEngine>(m_state, *this, random ? *random : m_random);
     m_menus = buildMenus(menuBar());
@@ -58,7 +59,6 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_tmrNetwork->setInterval(1000);
     connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
 
-    m_newGame = new NewGameDialog(this);
     m_strikes = new StrikesWindow(m_state, this, m_view);
 
     ask = [this](const QString &text) {
@@ -66,17 +66,14 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
                != QMessageBox::No;
     };
     runNewGameDialog = [this] {
+        NewGameDialog *dialog = newGameDialog();
         // The keyboard starts on the seat count chosen last: the arrow keys change it at once.
-        m_newGame->optPlayers[static_cast<size_t>(m_newGame->playersIndex())]->setFocus();
-        m_newGame->runModal();
+        dialog->optPlayers[static_cast<size_t>(dialog->playersIndex())]->setFocus();
+        dialog->runModal();
     };
     quitProgram = [] { QCoreApplication::quit(); };
-    // Network play: the game lines on the New Game dialog's connections.
-    m_network = new NetworkSession(*m_engine, *this, *m_newGame, this);
-    m_network->setParkedLine(&m_networkTag);
-    m_network->setGuestSeat(&NetSeat);
-    networkGuest = [this](const QString &line) { m_network->NetworkGuest(line); };
-    guestTakeOver = [this] { m_network->guestTakeOver(); };
+    networkGuest = [this](const QString &line) { networkSession()->NetworkGuest(line); };
+    guestTakeOver = [this] { networkSession()->guestTakeOver(); };
     cheer = [] { PlaySnd(QStringLiteral("CHEER.WAV"), 1); };
 
     m_options = std::make_unique<OptionsStore>(m_menus, m_state, *this);
@@ -163,6 +160,24 @@ CardSlot *MainWindow::picCard(int index) const
     return m_view->slot(index);
 }
 
+NewGameDialog *MainWindow::newGameDialog()
+{
+    if (!m_newGame) {
+        m_newGame = new NewGameDialog(this);
+        // Network play: the game lines on the New Game dialog's connections.
+        m_network = new NetworkSession(*m_engine, *this, *m_newGame, this);
+        m_network->setParkedLine(&m_networkTag);
+        m_network->setGuestSeat(&NetSeat);
+    }
+    return m_newGame;
+}
+
+NetworkSession *MainWindow::networkSession()
+{
+    newGameDialog();
+    return m_network;
+}
+
 CardSlot *MainWindow::picDeck() const { return m_view->slot(DeckSlot); }
 
 CardSlot *MainWindow::slotOf(int slot) const { return m_view->slot(slot); }
@@ -175,16 +190,16 @@ void MainWindow::mnuGNew_Click()
         if (!ask(QStringLiteral("Are you sure you want to end this network game?")))
             return;
         // Cancel ends the network session; the dialog's own Tag is not the answer here.
-        m_newGame->cmdCancel->click();
-        m_newGame->Tag.clear();
+        newGameDialog()->cmdCancel->click();
+        newGameDialog()->Tag.clear();
         m_state.NetMode = LocalGame;
     }
     m_networkTag.clear();
     runNewGameDialog();
-    if (m_newGame->Tag == QLatin1String("CANCEL"))
+    if (newGameDialog()->Tag == QLatin1String("CANCEL"))
         return;
 
-    const NewGameSetup setup = m_newGame->setup();
+    const NewGameSetup setup = newGameDialog()->setup();
     if (setup.netMode == NetGuestMode) {
         // This copy's seat: the highest seat that is not the computer's.
         for (int seat = 1; seat <= MaxSeats; ++seat)

@@ -52,8 +52,9 @@ public:
     TurnEngine &engine() { return *m_engine; }
     const Menus &menus() const { return m_menus; }
     TableView *playArea() const { return m_view; }
-    NewGameDialog *newGameDialog() const { return m_newGame; }
-    NetworkSession *networkSession() const { return m_network; }
+    // The dialog and the network session on its connections are made at the first New command.
+    NewGameDialog *newGameDialog();
+    NetworkSession *networkSession();
     StrikesWindow *strikesWindow() const { return m_strikes; }
     CardBackChooser *cardBackChooser();
     AboutBox *aboutBox();

@@ -1,34 +1,36 @@
 #include "SplashWindow.h"
 
 #include "CardArt.h"
+#include "Netpbm.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QScreen>
 
 namespace qx {
-
-namespace {
-constexpr int Scale = 2; // the 71 x 96 design picture, doubled for today's screens
-}
 
 SplashWindow::SplashWindow(QWidget *parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmIntro"));
     setWindowTitle(QStringLiteral("QX"));
-    const QSize picture = CardArt::DesignCell * Scale;
-    resize(picture.width() + 260, picture.height() + 48);
-    m_pictureRect = QRect(QPoint(24, 24), picture);
+    resize(CardArt::splashWindowSize());
+    m_pictureRect = CardArt::splashPictureRect();
+    // Drawn by the build beside the program (its title text would otherwise cost two fonts to
+    // load before anything shows); drawing it now is the fallback.
+    m_backdrop = Netpbm::read(QCoreApplication::applicationDirPath() + QStringLiteral("/splashback.ppm"));
+    if (m_backdrop.size() != size())
+        m_backdrop = CardArt::renderSplashBackdrop();
 
     Label2 = new QLabel(QStringLiteral("Loading . . ."), this);
     Label2->setObjectName(QStringLiteral("Label2"));
     QFont f = Label2->font();
     f.setPointSize(11);
     Label2->setFont(f);
-    Label2->setStyleSheet(QStringLiteral("color: #f4ecd2;"));
+    QPalette palette = Label2->palette();
+    palette.setColor(QPalette::WindowText, QColor(244, 236, 210));
+    Label2->setPalette(palette);
     Label2->setGeometry(m_pictureRect.right() + 28, height() - 64, 200, 28);
 
     if (const QScreen *screen = QApplication::primaryScreen())
@@ -58,10 +60,11 @@ void SplashWindow::drawSplash()
         felt.setColorAt(1, QColor(20, 82, 46));
         p.fillRect(background.rect(), felt);
     }
-    // The build ships the picture and its mask beside the program; drawing them is the fallback.
-    const QString folder = QCoreApplication::applicationDirPath();
-    QImage mask(folder + QStringLiteral("/splashmask.png"));
-    QImage picture(folder + QStringLiteral("/splash.png"));
+    // The build ships the picture and its mask beside the program, drawn at the size shown here;
+    // drawing them now is the fallback.
+    const QString folder = QCoreApplication::applicationDirPath() + QLatin1Char('/');
+    QImage mask = Netpbm::read(folder + QStringLiteral("splashmask.ppm"));
+    QImage picture = Netpbm::read(folder + QStringLiteral("splash.ppm"));
     if (mask.size() != size || picture.size() != size) {
         mask = CardArt::renderSplashMask(size);
         picture = CardArt::renderSplashPicture(size);
@@ -74,29 +77,9 @@ void SplashWindow::drawSplash()
 void SplashWindow::paintEvent(QPaintEvent *)
 {
     QPainter p(this);
-    QLinearGradient back(0, 0, 0, height());
-    back.setColorAt(0, QColor(30, 108, 62));
-    back.setColorAt(1, QColor(14, 60, 34));
-    p.fillRect(rect(), back);
-    p.setPen(QPen(QColor(255, 208, 84), 2));
-    p.drawRect(rect().adjusted(1, 1, -2, -2));
+    p.drawImage(0, 0, m_backdrop);
     if (!m_surface.isNull())
         p.drawImage(m_pictureRect, m_surface);
-
-    QFont title(QStringLiteral("DejaVu Sans"));
-    title.setBold(true);
-    title.setPixelSize(56);
-    p.setFont(title);
-    p.setPen(QColor(255, 208, 84));
-    const int textLeft = m_pictureRect.right() + 28;
-    p.drawText(QRect(textLeft, 24, width() - textLeft - 16, 80), Qt::AlignLeft | Qt::AlignVCenter,
-               QStringLiteral("QX"));
-    QFont line(QStringLiteral("DejaVu Sans"));
-    line.setPixelSize(14);
-    p.setFont(line);
-    p.setPen(QColor(244, 236, 210));
-    p.drawText(QRect(textLeft, 104, width() - textLeft - 16, 60), Qt::AlignLeft | Qt::TextWordWrap,
-               QStringLiteral("Keep the total under 100."));
 }
 
 } // namespace qx

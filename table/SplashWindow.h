@@ -31,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QImage m_backdrop;
     QImage m_surface;
     QRect m_pictureRect;
 };

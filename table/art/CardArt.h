@@ -36,6 +36,12 @@ QImage renderBackDesign(int design, QSize size);
 // the picture shows, white elsewhere): AND the mask onto the background, then OR the picture.
 QImage renderSplashPicture(QSize size);
 QImage renderSplashMask(QSize size);
+// The splash window's size and where its picture sits: the picture at twice the design size.
+QSize splashWindowSize();
+QRect splashPictureRect();
+// The splash window's backdrop: green felt in a gold frame, the title "QX" and a line of
+// advice beside the picture's place.
+QImage renderSplashBackdrop();
 // The network waiting indicator: four pictures of an hourglass shown in turn (index 0..3; other
 // numbers wrap round), transparent around it.
 QImage renderWaitPicture(int index, QSize size);

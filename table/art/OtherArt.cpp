@@ -151,6 +151,39 @@ QImage renderSplashMask(QSize size)
     return mask;
 }
 
+QSize splashWindowSize() { return splashPictureRect().size() + QSize(260, 48); }
+
+QRect splashPictureRect() { return QRect(QPoint(24, 24), DesignCell * 2); }
+
+QImage renderSplashBackdrop()
+{
+    const QSize size = splashWindowSize();
+    QImage backdrop(size, QImage::Format_RGB32);
+    QPainter p(&backdrop);
+    QLinearGradient back(0, 0, 0, size.height());
+    back.setColorAt(0, QColor(30, 108, 62));
+    back.setColorAt(1, QColor(14, 60, 34));
+    p.fillRect(backdrop.rect(), back);
+    p.setPen(QPen(QColor(255, 208, 84), 2));
+    p.drawRect(backdrop.rect().adjusted(1, 1, -2, -2));
+
+    QFont title(QStringLiteral("DejaVu Sans"));
+    title.setBold(true);
+    title.setPixelSize(56);
+    p.setFont(title);
+    p.setPen(QColor(255, 208, 84));
+    const int textLeft = splashPictureRect().right() + 28;
+    p.drawText(QRect(textLeft, 24, size.width() - textLeft - 16, 80), Qt::AlignLeft | Qt::AlignVCenter,
+               QStringLiteral("QX"));
+    QFont line(QStringLiteral("DejaVu Sans"));
+    line.setPixelSize(14);
+    p.setFont(line);
+    p.setPen(QColor(244, 236, 210));
+    p.drawText(QRect(textLeft, 104, size.width() - textLeft - 16, 60), Qt::AlignLeft | Qt::TextWordWrap,
+               QStringLiteral("Keep the total under 100."));
+    return backdrop;
+}
+
 QImage renderWaitPicture(int index, QSize size)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);

@@ -215,6 +215,25 @@ private slots:
         QCOMPARE(GetReg(User, QStringLiteral("Frames")), QStringLiteral("5, 10"));
     }
 
+    void unchangedValueLeavesTheFileAlone()
+    {
+        // The store rewrites its file without comments; a comment that survives shows the file was
+        // not written again.
+        QFile file(m_sandbox.storeFile());
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("; written by hand\n[Default]\nFrames=10\nSound=True\n");
+        file.close();
+        save(Default, "Frames", QStringLiteral("10"));
+        save(Default, "Sound", QStringLiteral("True"));
+        QVERIFY(readStoreFile().contains("; written by hand"));
+
+        save(Default, "Frames", QStringLiteral("5"));
+        QVERIFY(!readStoreFile().contains("; written by hand"));
+        QCOMPARE(GetReg(Default, QStringLiteral("Frames")), QStringLiteral("5"));
+        QCOMPARE(GetReg(Default, QStringLiteral("Sound")), QStringLiteral("True"));
+    }
+
     void emptyApplicationNameStops()
     {
         QProcess probe;

@@ -1,4 +1,5 @@
 #include "AboutBox.h"
+#include "CardArt.h"
 #include "CardBackChooser.h"
 #include "GameState.h"
 #include "SplashWindow.h"
@@ -215,6 +216,14 @@ void SideWindowsTest::splashCutsThePictureThroughItsMask()
     splash.show();
     splash.drawSplash();
     QCOMPARE(splash.picture1().size(), QSize(142, 192));
+    // What shows: the backdrop with its title, and the picture in its place over it.
+    const QImage shown = splash.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QCOMPARE(shown.size(), CardArt::splashWindowSize());
+    const QImage backdrop = CardArt::renderSplashBackdrop();
+    for (const QPoint at : {QPoint(3, 3), QPoint(300, 200), QPoint(230, 60)})
+        QCOMPARE(shown.pixelColor(at), backdrop.pixelColor(at));
+    const QPoint inPicture = CardArt::splashPictureRect().topLeft() + QPoint(71, 96);
+    QCOMPARE(shown.pixelColor(inPicture), splash.picture1().pixelColor(71, 96));
 }
 
 void SideWindowsTest::aboutBoxTexts()

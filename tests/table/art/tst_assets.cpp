@@ -1,3 +1,5 @@
+#include "CardArt.h"
+#include "Netpbm.h"
 #include "PixelChecks.h"
 
 #include <QDir>
@@ -12,6 +14,8 @@
 #include <cmath>
 
 using qx::test::pixelHash;
+namespace CardArt = qx::CardArt;
+namespace Netpbm = qx::Netpbm;
 
 // The files the build writes beside the program: card backs, the cheer, the icon, the help.
 class AssetsTest : public QObject {
@@ -22,6 +26,8 @@ private slots:
     void cheerIsAValidWaveFile();
     void cheerSoundsWithoutClipping();
     void iconLoads();
+    void startupPicturesLoad_data();
+    void startupPicturesLoad();
     void helpPagesArePresentAndLinked();
     void rulesHoldTheCardValuesTable_data();
     void rulesHoldTheCardValuesTable();
@@ -115,6 +121,27 @@ void AssetsTest::iconLoads()
     QVERIFY(icon.load(dataFile(QStringLiteral("qx.png"))));
     QCOMPARE(icon.size(), QSize(256, 256));
     QVERIFY(icon.hasAlphaChannel());
+}
+
+void AssetsTest::startupPicturesLoad_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<bool>("alpha");
+    QTest::newRow("window icon") << "qxicon.pam" << QSize(64, 64) << true;
+    QTest::newRow("splash backdrop") << "splashback.ppm" << CardArt::splashWindowSize() << false;
+    QTest::newRow("splash picture") << "splash.ppm" << CardArt::splashPictureRect().size() << false;
+    QTest::newRow("splash mask") << "splashmask.ppm" << CardArt::splashPictureRect().size() << false;
+}
+
+void AssetsTest::startupPicturesLoad()
+{
+    QFETCH(QString, file);
+    QFETCH(QSize, size);
+    QFETCH(bool, alpha);
+    const QImage picture = Netpbm::read(dataFile(file));
+    QCOMPARE(picture.size(), size);
+    QCOMPARE(picture.hasAlphaChannel(), alpha);
 }
 
 void AssetsTest::helpPagesArePresentAndLinked()
