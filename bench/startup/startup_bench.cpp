@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -33,6 +34,9 @@ Run launch(const char *program)
         dup2(out[1], STDOUT_FILENO);
         close(out[0]);
         close(out[1]);
+        // The platform's start-up chatter would only clutter the figures.
+        if (const int quiet = open("/dev/null", O_WRONLY); quiet >= 0)
+            dup2(quiet, STDERR_FILENO);
         setenv("QX_QUIT_WHEN_SHOWN", "1", 1);
         execl(program, program, static_cast<char *>(nullptr));
         _exit(127);
