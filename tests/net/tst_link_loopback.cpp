@@ -128,6 +128,33 @@ void startHost(NetHost &host, int maxConnections)
     host.BeginHost();
 }
 
+// A host listening on loopback, the log of all it reports, and the guests that joined it.
+struct Hosting {
+    NetHost host;
+    HostLog log{host};
+    std::vector<std::unique_ptr<Guest>> guests;
+
+    explicit Hosting(int maxConnections) { startHost(host, maxConnections); }
+
+    // Connects guests one after another, each fully announced before the next starts.
+    bool join(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            const int versionsBefore = log.count(QStringLiteral("version:"));
+            auto guest = std::make_unique<Guest>();
+            guest->connectTo(host.listeningPort());
+            if (!QTest::qWaitFor([&] { return guest->count(QStringLiteral("connected")) == 1
+                                              && log.count(QStringLiteral("version:")) == versionsBefore + 1; },
+                                 Timeout)) {
+                qWarning() << "guest" << i << "saw" << guest->lines << "host saw" << log.lines;
+                return false;
+            }
+            guests.push_back(std::move(guest));
+        }
+        return true;
+    }
+};
+
 // A loopback port that refuses connections: bound but not listening, and held for the object's
 // life, so no other test that runs meanwhile can start listening on it and receive our attempts.
 class RefusingPort {
@@ -161,25 +188,6 @@ private:
 
 class TestLinkLoopback : public QObject {
     Q_OBJECT
-
-private:
-    // Connects guests one after another, each fully announced before the next starts.
-    bool join(NetHost &host, HostLog &log, std::vector<std::unique_ptr<Guest>> &guests, int count)
-    {
-        for (int i = 0; i < count; ++i) {
-            const int versionsBefore = log.count(QStringLiteral("version:"));
-            auto guest = std::make_unique<Guest>();
-            guest->connectTo(host.listeningPort());
-            if (!QTest::qWaitFor([&] { return guest->count(QStringLiteral("connected")) == 1
-                                              && log.count(QStringLiteral("version:")) == versionsBefore + 1; },
-                                 Timeout)) {
-                qWarning() << "guest" << i << "saw" << guest->lines << "host saw" << log.lines;
-                return false;
-            }
-            guests.push_back(std::move(guest));
-        }
-        return true;
-    }
 
 private slots:
     void handshakeAndMessages();
@@ -249,119 +257,102 @@ void TestLinkLoopback::handshakeAndMessages()
 
 void TestLinkLoopback::eleventhGuestIsRefused()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, NetHost::GameMaxConnections);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 10));
-    QCOMPARE(host.Connections(), 10);
+    Hosting h(NetHost::GameMaxConnections);
+    QVERIFY(h.join(10));
+    QCOMPARE(h.host.Connections(), 10);
 
     Guest late;
-    late.connectTo(host.listeningPort());
+    late.connectTo(h.host.listeningPort());
     QTRY_COMPARE_WITH_TIMEOUT(late.count(QStringLiteral("dropped")), 1, Timeout);
-    QCOMPARE(log.count(QStringLiteral("full")), 1);
-    QCOMPARE(log.count(QStringLiteral("joined:")), 10);
-    QCOMPARE(host.Connections(), 10);
-    QCOMPARE(host.highestSlot(), 10);
+    QCOMPARE(h.log.count(QStringLiteral("full")), 1);
+    QCOMPARE(h.log.count(QStringLiteral("joined:")), 10);
+    QCOMPARE(h.host.Connections(), 10);
+    QCOMPARE(h.host.highestSlot(), 10);
     QVERIFY(!late.client.IsConnected());
 }
 
 void TestLinkLoopback::eleventhGuestJoinsWhenTheLimitIsRaised()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, NetHost::GameMaxConnections);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 10));
+    Hosting h(NetHost::GameMaxConnections);
+    QVERIFY(h.join(10));
 
-    connect(&host, &NetHost::MaxConnectionsReached, this, [&host] { host.setMaxConnections(11); });
-    QVERIFY(join(host, log, guests, 1));
-    QCOMPARE(log.count(QStringLiteral("full")), 1);
-    QVERIFY(log.lines.contains(QStringLiteral("joined:11")));
-    QVERIFY(log.lines.contains(QStringLiteral("version:11:1.1")));
-    QCOMPARE(host.Connections(), 11);
+    connect(&h.host, &NetHost::MaxConnectionsReached, this, [&h] { h.host.setMaxConnections(11); });
+    QVERIFY(h.join(1));
+    QCOMPARE(h.log.count(QStringLiteral("full")), 1);
+    QVERIFY(h.log.lines.contains(QStringLiteral("joined:11")));
+    QVERIFY(h.log.lines.contains(QStringLiteral("version:11:1.1")));
+    QCOMPARE(h.host.Connections(), 11);
 }
 
 void TestLinkLoopback::leavingGuestsSlotIsReused()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 3);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 3));
+    Hosting h(3);
+    QVERIFY(h.join(3));
 
-    guests[1]->client.Disconnect();
-    QTRY_VERIFY_WITH_TIMEOUT(log.lines.contains(QStringLiteral("left:2")), Timeout);
-    QCOMPARE(host.Connections(), 2);
-    QCOMPARE(host.EnumClients(true), 1);
-    QCOMPARE(host.EnumClients(false), 3);
-    QCOMPARE(host.EnumClients(false), 0);
+    h.guests[1]->client.Disconnect();
+    QTRY_VERIFY_WITH_TIMEOUT(h.log.lines.contains(QStringLiteral("left:2")), Timeout);
+    QCOMPARE(h.host.Connections(), 2);
+    QCOMPARE(h.host.EnumClients(true), 1);
+    QCOMPARE(h.host.EnumClients(false), 3);
+    QCOMPARE(h.host.EnumClients(false), 0);
 
-    QVERIFY(join(host, log, guests, 1));
-    QCOMPARE(host.lastJoined(), 2);
-    QCOMPARE(log.lines.constLast(), QStringLiteral("version:2:1.1"));
-    QCOMPARE(host.highestSlot(), 3);
-    QCOMPARE(host.Connections(), 3);
+    QVERIFY(h.join(1));
+    QCOMPARE(h.host.lastJoined(), 2);
+    QCOMPARE(h.log.lines.constLast(), QStringLiteral("version:2:1.1"));
+    QCOMPARE(h.host.highestSlot(), 3);
+    QCOMPARE(h.host.Connections(), 3);
 }
 
 void TestLinkLoopback::broadcastAddressing()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 4);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 4));
+    Hosting h(4);
+    QVERIFY(h.join(4));
 
-    host.SendData(-3, QStringLiteral("all but 3"));
-    host.SendData(9, QStringLiteral("no such slot"));
-    host.SendSetupInfo(2, QStringLiteral("only 2"));
-    host.SendData(0, QStringLiteral("all"));
-    for (const auto &guest : guests)
+    h.host.SendData(-3, QStringLiteral("all but 3"));
+    h.host.SendData(9, QStringLiteral("no such slot"));
+    h.host.SendSetupInfo(2, QStringLiteral("only 2"));
+    h.host.SendData(0, QStringLiteral("all"));
+    for (const auto &guest : h.guests)
         QTRY_COMPARE_WITH_TIMEOUT(guest->count(QStringLiteral("data:all")), 1, Timeout);
     // TCP keeps order: "all" came last, so nothing else is still on its way.
-    QCOMPARE(guests[0]->lines, (QStringList{"connected", "data:all but 3", "data:all"}));
-    QCOMPARE(guests[1]->lines, (QStringList{"connected", "data:all but 3", "setup:only 2", "data:all"}));
-    QCOMPARE(guests[2]->lines, (QStringList{"connected", "data:all"}));
-    QCOMPARE(guests[3]->lines, (QStringList{"connected", "data:all but 3", "data:all"}));
+    QCOMPARE(h.guests[0]->lines, (QStringList{"connected", "data:all but 3", "data:all"}));
+    QCOMPARE(h.guests[1]->lines, (QStringList{"connected", "data:all but 3", "setup:only 2", "data:all"}));
+    QCOMPARE(h.guests[2]->lines, (QStringList{"connected", "data:all"}));
+    QCOMPARE(h.guests[3]->lines, (QStringList{"connected", "data:all but 3", "data:all"}));
 }
 
 void TestLinkLoopback::kickAllReportsEverySlot()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 3);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 3));
-    guests[1]->client.Disconnect();
-    QTRY_VERIFY_WITH_TIMEOUT(log.lines.contains(QStringLiteral("left:2")), Timeout);
+    Hosting h(3);
+    QVERIFY(h.join(3));
+    h.guests[1]->client.Disconnect();
+    QTRY_VERIFY_WITH_TIMEOUT(h.log.lines.contains(QStringLiteral("left:2")), Timeout);
 
-    log.lines.clear();
-    host.Kick(-1);
-    host.Kick(4);
-    QVERIFY(log.lines.isEmpty());
-    host.Kick(0);
-    QCOMPARE(log.lines, (QStringList{"left:1", "left:2", "left:3"}));
-    QCOMPARE(host.Connections(), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(guests[0]->count(QStringLiteral("dropped")), 1, Timeout);
-    QTRY_COMPARE_WITH_TIMEOUT(guests[2]->count(QStringLiteral("dropped")), 1, Timeout);
-    QCOMPARE(guests[1]->count(QStringLiteral("dropped")), 1);
-    QVERIFY(host.Hosting());
+    h.log.lines.clear();
+    h.host.Kick(-1);
+    h.host.Kick(4);
+    QVERIFY(h.log.lines.isEmpty());
+    h.host.Kick(0);
+    QCOMPARE(h.log.lines, (QStringList{"left:1", "left:2", "left:3"}));
+    QCOMPARE(h.host.Connections(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(h.guests[0]->count(QStringLiteral("dropped")), 1, Timeout);
+    QTRY_COMPARE_WITH_TIMEOUT(h.guests[2]->count(QStringLiteral("dropped")), 1, Timeout);
+    QCOMPARE(h.guests[1]->count(QStringLiteral("dropped")), 1);
+    QVERIFY(h.host.Hosting());
 }
 
 void TestLinkLoopback::kickSendsLeaveNoticeThenCloses()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 1);
+    Hosting h(1);
     QTcpSocket raw;
     QByteArray received;
     connect(&raw, &QTcpSocket::readyRead, this, [&] { received += raw.readAll(); });
-    raw.connectToHost(QHostAddress::LocalHost, quint16(host.listeningPort()));
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines, QStringList{"joined:1"}, Timeout);
+    raw.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines, QStringList{"joined:1"}, Timeout);
     QTRY_COMPARE_WITH_TIMEOUT(received, link::welcomeMessage(), Timeout);
 
-    host.Kick(1);
-    QCOMPARE(log.lines, (QStringList{"joined:1", "left:1"}));
+    h.host.Kick(1);
+    QCOMPARE(h.log.lines, (QStringList{"joined:1", "left:1"}));
     QTRY_COMPARE_WITH_TIMEOUT(raw.state(), QAbstractSocket::UnconnectedState, Timeout);
     received += raw.readAll();
     QCOMPARE(received, link::welcomeMessage() + link::leaveMessage());
@@ -426,72 +417,64 @@ void TestLinkLoopback::wrongTitleOrVersionIsRejected()
     QFETCH(QString, rejection);
 
     // As the New Game dialog answers: the proper value, then a kick.
-    NetHost host;
-    HostLog log(host);
+    Hosting h(1);
     const auto type = direct ? Qt::DirectConnection : Qt::QueuedConnection;
-    connect(&host, &NetHost::ReceiveTitle, this, [&host](int client, const QString &appTitle) {
+    connect(&h.host, &NetHost::ReceiveTitle, this, [&h](int client, const QString &appTitle) {
         if (appTitle != QLatin1String("QX")) {
-            host.SendProperTitle(client, QStringLiteral("QX"));
-            host.Kick(client);
+            h.host.SendProperTitle(client, QStringLiteral("QX"));
+            h.host.Kick(client);
         }
     }, type);
-    connect(&host, &NetHost::ReceiveVersion, this, [&host](int client, const QString &appVersion) {
+    connect(&h.host, &NetHost::ReceiveVersion, this, [&h](int client, const QString &appVersion) {
         if (appVersion != QLatin1String("1.1")) {
-            host.SendProperVersion(client, QStringLiteral("1.1"));
-            host.Kick(client);
+            h.host.SendProperVersion(client, QStringLiteral("1.1"));
+            h.host.Kick(client);
         }
     }, type);
-    startHost(host, 1);
 
     Guest guest;
-    guest.connectTo(host.listeningPort(), title, version);
+    guest.connectTo(h.host.listeningPort(), title, version);
     QTRY_COMPARE_WITH_TIMEOUT(guest.count(QStringLiteral("dropped")), 1, Timeout);
     QCOMPARE(guest.lines, (QStringList{"connected", rejection, "dropped"}));
-    QTRY_VERIFY_WITH_TIMEOUT(log.lines.contains(QStringLiteral("left:1")), Timeout);
-    QCOMPARE(host.Connections(), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(h.log.lines.contains(QStringLiteral("left:1")), Timeout);
+    QCOMPARE(h.host.Connections(), 0);
 }
 
 void TestLinkLoopback::disconnectDropsOnce()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 1);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 1));
-    Guest &guest = *guests[0];
+    Hosting h(1);
+    QVERIFY(h.join(1));
+    Guest &guest = *h.guests[0];
 
     guest.client.Disconnect();
     QCOMPARE(guest.lines, (QStringList{"connected", "dropped"}));
     QVERIFY(!guest.client.IsConnected());
-    QTRY_VERIFY_WITH_TIMEOUT(log.lines.contains(QStringLiteral("left:1")), Timeout);
+    QTRY_VERIFY_WITH_TIMEOUT(h.log.lines.contains(QStringLiteral("left:1")), Timeout);
     guest.client.Disconnect();
     QCOMPARE(guest.count(QStringLiteral("dropped")), 1);
 
     // Closed again, it may connect again, into the freed slot.
-    guest.connectTo(host.listeningPort());
+    guest.connectTo(h.host.listeningPort());
     QTRY_COMPARE_WITH_TIMEOUT(guest.count(QStringLiteral("connected")), 2, Timeout);
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines.constLast(), QStringLiteral("version:1:1.1"), Timeout);
-    QCOMPARE(log.count(QStringLiteral("joined:1")), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.constLast(), QStringLiteral("version:1:1.1"), Timeout);
+    QCOMPARE(h.log.count(QStringLiteral("joined:1")), 2);
 }
 
 void TestLinkLoopback::connectTwiceStartsOneConnection()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 5);
+    Hosting h(5);
     Guest guest;
-    guest.connectTo(host.listeningPort());
-    guest.connectTo(host.listeningPort());
-    QTRY_COMPARE_WITH_TIMEOUT(log.count(QStringLiteral("version:")), 1, Timeout);
-    guest.connectTo(host.listeningPort());
+    guest.connectTo(h.host.listeningPort());
+    guest.connectTo(h.host.listeningPort());
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.count(QStringLiteral("version:")), 1, Timeout);
+    guest.connectTo(h.host.listeningPort());
 
     // A later guest takes slot 2: no second connection of the first guest came before it.
-    std::vector<std::unique_ptr<Guest>> others;
-    QVERIFY(join(host, log, others, 1));
-    QCOMPARE(host.lastJoined(), 2);
-    QCOMPARE(log.count(QStringLiteral("joined:")), 2);
+    QVERIFY(h.join(1));
+    QCOMPARE(h.host.lastJoined(), 2);
+    QCOMPARE(h.log.count(QStringLiteral("joined:")), 2);
     QCOMPARE(guest.lines, QStringList{"connected"});
-    QCOMPARE(host.Connections(), 2);
+    QCOMPARE(h.host.Connections(), 2);
 }
 
 void TestLinkLoopback::refusedConnectionGivesErrorThenDropped()
@@ -514,76 +497,68 @@ void TestLinkLoopback::refusedConnectionGivesErrorThenDropped()
 
 void TestLinkLoopback::stopHostEndsEveryConnection()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 2);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 2));
+    Hosting h(2);
+    QVERIFY(h.join(2));
 
-    host.StopHost();
-    QVERIFY(!host.Hosting());
-    QCOMPARE(host.listeningPort(), 0);
-    QCOMPARE(log.lines.mid(log.lines.size() - 2), (QStringList{"left:1", "left:2"}));
-    for (const auto &guest : guests)
+    h.host.StopHost();
+    QVERIFY(!h.host.Hosting());
+    QCOMPARE(h.host.listeningPort(), 0);
+    QCOMPARE(h.log.lines.mid(h.log.lines.size() - 2), (QStringList{"left:1", "left:2"}));
+    for (const auto &guest : h.guests)
         QTRY_COMPARE_WITH_TIMEOUT(guest->lines.constLast(), QStringLiteral("dropped"), Timeout);
-    QCOMPARE(host.Connections(), 0);
+    QCOMPARE(h.host.Connections(), 0);
 
-    // It may host again, on a port of the system's choosing as before.
-    host.BeginHost();
-    QVERIFY(host.Hosting());
-    QVERIFY(host.listeningPort() > 0);
-    QVERIFY(join(host, log, guests, 1));
-    QCOMPARE(host.lastJoined(), 1);
+    // It may h.host again, on a port of the system's choosing as before.
+    h.host.BeginHost();
+    QVERIFY(h.host.Hosting());
+    QVERIFY(h.host.listeningPort() > 0);
+    QVERIFY(h.join(1));
+    QCOMPARE(h.host.lastJoined(), 1);
 }
 
 void TestLinkLoopback::handlersMayCloseDuringEmission()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 3);
-    connect(&host, &NetHost::ReceiveTitle, this, [&host](int, const QString &title) {
+    Hosting h(3);
+    connect(&h.host, &NetHost::ReceiveTitle, this, [&h](int, const QString &title) {
         if (title == QLatin1String("stop"))
-            host.StopHost();
+            h.host.StopHost();
     });
-    connect(&host, &NetHost::ClientLeft, this, [&host](int) { host.Kick(0); });
+    connect(&h.host, &NetHost::ClientLeft, this, [&h](int) { h.host.Kick(0); });
 
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 1));
-    connect(&guests[0]->client, &NetClient::ReceiveData, this, [&](const QString &data) {
+    QVERIFY(h.join(1));
+    connect(&h.guests[0]->client, &NetClient::ReceiveData, this, [&](const QString &data) {
         if (data == QLatin1String("bye"))
-            guests[0]->client.Disconnect();
+            h.guests[0]->client.Disconnect();
     });
-    host.SendData(1, QStringLiteral("bye"));
-    host.SendData(1, QStringLiteral("more"));
-    QTRY_COMPARE_WITH_TIMEOUT(guests[0]->count(QStringLiteral("dropped")), 1, Timeout);
-    QCOMPARE(guests[0]->lines.mid(0, 3), (QStringList{"connected", "data:bye", "dropped"}));
+    h.host.SendData(1, QStringLiteral("bye"));
+    h.host.SendData(1, QStringLiteral("more"));
+    QTRY_COMPARE_WITH_TIMEOUT(h.guests[0]->count(QStringLiteral("dropped")), 1, Timeout);
+    QCOMPARE(h.guests[0]->lines.mid(0, 3), (QStringList{"connected", "data:bye", "dropped"}));
 
     Guest stopper;
-    stopper.connectTo(host.listeningPort(), QStringLiteral("stop"));
+    stopper.connectTo(h.host.listeningPort(), QStringLiteral("stop"));
     QTRY_COMPARE_WITH_TIMEOUT(stopper.count(QStringLiteral("dropped")), 1, Timeout);
-    QVERIFY(!host.Hosting());
+    QVERIFY(!h.host.Hosting());
 }
 
 void TestLinkLoopback::reusedSlotKeepsItsReceiveState()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 1);
+    Hosting h(1);
 
     QTcpSocket first;
-    first.connectToHost(QHostAddress::LocalHost, quint16(host.listeningPort()));
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines, QStringList{"joined:1"}, Timeout);
+    first.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines, QStringList{"joined:1"}, Timeout);
     first.write(QByteArray(1, link::Marker) + link::LinkData + "ab");
     first.disconnectFromHost();
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines, (QStringList{"joined:1", "left:1"}), Timeout);
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines, (QStringList{"joined:1", "left:1"}), Timeout);
 
     // The next guest of slot 1 finishes what the last one left in its buffer.
     QTcpSocket second;
-    second.connectToHost(QHostAddress::LocalHost, quint16(host.listeningPort()));
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines.size(), 3, Timeout);
+    second.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.size(), 3, Timeout);
     second.write(QByteArray("cd") + link::Marker);
-    QTRY_COMPARE_WITH_TIMEOUT(log.lines.size(), 4, Timeout);
-    QCOMPARE(log.lines.constLast(), QStringLiteral("data:1:abcd"));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.size(), 4, Timeout);
+    QCOMPARE(h.log.lines.constLast(), QStringLiteral("data:1:abcd"));
 }
 
 void TestLinkLoopback::filesTravelBothWays()
@@ -598,15 +573,12 @@ void TestLinkLoopback::filesTravelBothWays()
         file.write(content);
     }
 
-    NetHost host;
-    HostLog log(host);
-    startHost(host, 2);
-    std::vector<std::unique_ptr<Guest>> guests;
-    QVERIFY(join(host, log, guests, 2));
+    Hosting h(2);
+    QVERIFY(h.join(2));
 
-    host.SendFile(1, dir.filePath(QStringLiteral("missing.bmp")), QStringLiteral("none"));
-    host.SendFile(0, path, QStringLiteral("deck1"));
-    for (const auto &guest : guests) {
+    h.host.SendFile(1, dir.filePath(QStringLiteral("missing.bmp")), QStringLiteral("none"));
+    h.host.SendFile(0, path, QStringLiteral("deck1"));
+    for (const auto &guest : h.guests) {
         QTRY_COMPARE_WITH_TIMEOUT(guest->files.size(), 1, Timeout);
         QCOMPARE(guest->startingWith(QStringLiteral("file:")), QStringList{"file:deck1"});
         QCOMPARE(guest->files.constFirst().size(), content.size());
@@ -615,25 +587,23 @@ void TestLinkLoopback::filesTravelBothWays()
         QVERIFY(!QFile::exists(guest->fileNames.constFirst()));
     }
 
-    guests[1]->client.SendFile(path, QStringLiteral("ABCDEFGHIJKLMN"));
-    QTRY_COMPARE_WITH_TIMEOUT(log.files.size(), 1, Timeout);
-    QCOMPARE(log.lines.constLast(), QStringLiteral("file:2:ABCDEFGHIJ"));
-    QVERIFY(log.files.constFirst() == content);
-    QVERIFY(!QFile::exists(log.fileNames.constFirst()));
+    h.guests[1]->client.SendFile(path, QStringLiteral("ABCDEFGHIJKLMN"));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.files.size(), 1, Timeout);
+    QCOMPARE(h.log.lines.constLast(), QStringLiteral("file:2:ABCDEFGHIJ"));
+    QVERIFY(h.log.files.constFirst() == content);
+    QVERIFY(!QFile::exists(h.log.fileNames.constFirst()));
 }
 
 void TestLinkLoopback::hostilePeersNeverCrashTheHost()
 {
-    NetHost host;
-    HostLog log(host);
-    startHost(host, NetHost::GameMaxConnections);
+    Hosting h(NetHost::GameMaxConnections);
     // Handlers that act as the game does, straight from the emission.
-    connect(&host, &NetHost::ReceiveTitle, this, [&host](int client, const QString &title) {
+    connect(&h.host, &NetHost::ReceiveTitle, this, [&h](int client, const QString &title) {
         if (title != QLatin1String("QX"))
-            host.Kick(client);
+            h.host.Kick(client);
     });
-    connect(&host, &NetHost::ReceiveData, this, [&host](int client, const QString &data) { host.SendData(-client, data); });
-    connect(&host, &NetHost::ReceiveSetupInfo, this, [&host](int client, const QString &) { host.SendSetupInfo(client, "T1"); });
+    connect(&h.host, &NetHost::ReceiveData, this, [&h](int client, const QString &data) { h.host.SendData(-client, data); });
+    connect(&h.host, &NetHost::ReceiveSetupInfo, this, [&h](int client, const QString &) { h.host.SendSetupInfo(client, "T1"); });
 
     QRandomGenerator rng(42);
     auto randomBytes = [&rng](int size) {
@@ -658,7 +628,7 @@ void TestLinkLoopback::hostilePeersNeverCrashTheHost()
     for (int round = 0; round < 3; ++round) {
         for (qsizetype i = 0; i < attacks.size(); ++i) {
             auto peer = std::make_unique<QTcpSocket>();
-            peer->connectToHost(QHostAddress::LocalHost, quint16(host.listeningPort()));
+            peer->connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
             QTcpSocket *p = peer.get();
             const QByteArray attack = attacks[i];
             const bool abortAfter = (i + round) % 2 == 0;
@@ -676,20 +646,20 @@ void TestLinkLoopback::hostilePeersNeverCrashTheHost()
         }
         for (const auto &peer : peers)
             QTRY_COMPARE_WITH_TIMEOUT(peer->state(), QAbstractSocket::UnconnectedState, Timeout);
-        QTRY_COMPARE_WITH_TIMEOUT(host.Connections(), 0, Timeout);
+        QTRY_COMPARE_WITH_TIMEOUT(h.host.Connections(), 0, Timeout);
         peers.clear();
     }
-    QVERIFY(host.Hosting());
+    QVERIFY(h.host.Hosting());
 
-    // The host still accepts guests. (What a newcomer sends may meet whatever an attacker left in
+    // The h.host still accepts h.guests. (What a newcomer sends may meet whatever an attacker left in
     // its slot's buffer, as the format has always allowed, so only the welcome is checked.)
     QTcpSocket newcomer;
     QByteArray received;
     connect(&newcomer, &QTcpSocket::readyRead, this, [&] { received += newcomer.readAll(); });
-    newcomer.connectToHost(QHostAddress::LocalHost, quint16(host.listeningPort()));
+    newcomer.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
     QTRY_COMPARE_WITH_TIMEOUT(received, link::welcomeMessage(), Timeout);
-    QCOMPARE(host.Connections(), 1);
-    host.SendData(0, QStringLiteral("still here"));
+    QCOMPARE(h.host.Connections(), 1);
+    h.host.SendData(0, QStringLiteral("still here"));
     QTRY_COMPARE_WITH_TIMEOUT(received, link::welcomeMessage() + link::dataMessage("still here"), Timeout);
 }
 
