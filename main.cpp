@@ -1,11 +1,8 @@
 #include "MainWindow.h"
+#include "QuitWhenShown.h"
 #include "SplashWindow.h"
 
 #include <QApplication>
-#include <QTimer>
-
-#include <chrono>
-#include <cstdio>
 
 int main(int argc, char *argv[])
 {
@@ -22,13 +19,6 @@ int main(int argc, char *argv[])
     window.show();
     splash.close();
 
-    // The start-up benchmark measures launch to the shown window: the program says when (on the
-    // steady clock the benchmark also reads) and leaves.
-    if (qEnvironmentVariableIsSet("QX_QUIT_WHEN_SHOWN"))
-        QTimer::singleShot(0, &app, [] {
-            const auto now = std::chrono::steady_clock::now().time_since_epoch();
-            std::printf("shown %lld\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
-            QCoreApplication::quit();
-        });
+    qx::quitWhenShownIfAsked();
     return QApplication::exec();
 }

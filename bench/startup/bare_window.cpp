@@ -1,13 +1,11 @@
 // The floor for the start-up benchmark: the smallest Qt window program with a menu bar, shown and
 // left the same way QX is.
+#include "QuitWhenShown.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QTimer>
-
-#include <chrono>
-#include <cstdio>
 
 int main(int argc, char *argv[])
 {
@@ -17,11 +15,6 @@ int main(int argc, char *argv[])
     window.setCentralWidget(new QLabel(QStringLiteral("Bare window")));
     window.resize(720, 540);
     window.show();
-    if (qEnvironmentVariableIsSet("QX_QUIT_WHEN_SHOWN"))
-        QTimer::singleShot(0, &app, [] {
-            const auto now = std::chrono::steady_clock::now().time_since_epoch();
-            std::printf("shown %lld\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
-            QCoreApplication::quit();
-        });
+    qx::quitWhenShownIfAsked();
     return QApplication::exec();
 }
