@@ -22,7 +22,6 @@ namespace {
 // the backs stay crisp on the large cards.
 const QSize BackFileSize(142, 192);
 const int IconSize = 256;
-const int WindowIconSize = 64;
 
 bool fail(const QString &message)
 {
@@ -74,7 +73,7 @@ bool writeStartupPictures(const QDir &folder)
         {QStringLiteral("splashback.ppm"), qx::CardArt::renderSplashBackdrop()},
         {QStringLiteral("splash.ppm"), qx::CardArt::renderSplashPicture(size)},
         {QStringLiteral("splashmask.ppm"), qx::CardArt::renderSplashMask(size)},
-        {QStringLiteral("qxicon.pam"), qx::CardArt::renderAppIcon(WindowIconSize)},
+        {QStringLiteral("qxicon.pam"), qx::CardArt::renderAppIcon(qx::CardArt::WindowIconSize)},
     };
     for (const auto &[name, image] : pictures) {
         const QString path = folder.filePath(name);

@@ -17,7 +17,7 @@ AboutBox::AboutBox(QWidget *parent) : QDialog(parent)
 
     Picture1 = new QLabel(this);
     Picture1->setObjectName(QStringLiteral("Picture1"));
-    Picture1->setPixmap(QPixmap::fromImage(CardArt::renderAppIcon(64)));
+    Picture1->setPixmap(QPixmap::fromImage(CardArt::renderAppIcon(CardArt::WindowIconSize)));
 
     Label1 = new QLabel(QStringLiteral("QX"), this);
     Label1->setObjectName(QStringLiteral("Label1"));

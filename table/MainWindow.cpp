@@ -38,8 +38,8 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
 {
     setObjectName(QStringLiteral("frmQX"));
     // The build draws the window icon beside the program; drawing it here is the fallback.
-    QImage icon = Netpbm::read(QCoreApplication::applicationDirPath() + QStringLiteral("/qxicon.pam"));
-    setWindowIcon(QPixmap::fromImage(icon.isNull() ? CardArt::renderAppIcon(64) : icon));
+    const QImage icon = Netpbm::read(QCoreApplication::applicationDirPath() + QStringLiteral("/qxicon.pam"));
+    setWindowIcon(QPixmap::fromImage(icon.isNull() ? CardArt::renderAppIcon(CardArt::WindowIconSize) : icon));
 
     m_engine = std::make_unique<TurnEngine>(m_state, *this, random ? *random : m_random);
     m_menus = buildMenus(menuBar());

@@ -50,6 +50,8 @@ QImage renderWaitPicture(int index, QSize size);
 QImage cutToCardShape(const QImage &picture);
 // The program's icon: fanned cards on green baize, the front one showing "99".
 QImage renderAppIcon(int size);
+// The size of the icon on the window (and in the About box); the desktop's icon is larger.
+constexpr int WindowIconSize = 64;
 
 } // namespace CardArt
 

@@ -128,7 +128,7 @@ void AssetsTest::startupPicturesLoad_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QSize>("size");
     QTest::addColumn<bool>("alpha");
-    QTest::newRow("window icon") << "qxicon.pam" << QSize(64, 64) << true;
+    QTest::newRow("window icon") << "qxicon.pam" << QSize(CardArt::WindowIconSize, CardArt::WindowIconSize) << true;
     QTest::newRow("splash backdrop") << "splashback.ppm" << CardArt::splashWindowSize() << false;
     QTest::newRow("splash picture") << "splash.ppm" << CardArt::splashPictureRect().size() << false;
     QTest::newRow("splash mask") << "splashmask.ppm" << CardArt::splashPictureRect().size() << false;
