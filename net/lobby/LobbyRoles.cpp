@@ -57,6 +57,12 @@ void NewGameDialog::leaveNetwork()
     if (Host->Hosting())
         Host->StopHost();
     leaveHost();
+    unlockOwnChoices();
+}
+
+void NewGameDialog::unlockOwnChoices()
+{
+    // Outside a guest's role this copy chooses the seats again, and OK starts a game.
     cmdOK->setText(QStringLiteral("&OK"));
     cmdOK->setEnabled(true);
     Frame1->setEnabled(true);
@@ -78,11 +84,7 @@ void NewGameDialog::leaveHost()
 void NewGameDialog::beginHosting()
 {
     leaveHost();
-    cmdOK->setText(QStringLiteral("&OK"));
-    cmdOK->setEnabled(true);
-    Frame1->setEnabled(true);
-    Frame2->setEnabled(true);
-    enableSeatsForCount();
+    unlockOwnChoices();
     if (!Host->Hosting()) {
         Host->setMaxConnections(NetHost::GameMaxConnections);
         Host->setLocalPort(m_gamePort);

@@ -154,6 +154,7 @@ private:
     void networkToggled(bool checked);
     void leaveNetwork();
     void beginHosting();
+    void unlockOwnChoices();
     void becomeGuest();
 
     // Host side of the lobby (LobbyHost.cpp).
