@@ -40,7 +40,6 @@ void TurnEngine::StartNewGame(const NewGameSetup &setup)
     m_table.refreshStrikeMarks();
     if (m_state.PlayerType(1) == LocalHuman && !m_state.isOut(1)) {
         // Seat 1 moves first; its click starts the engine.
-        m_table.setTakeOverEnabled(true);
     } else {
         m_state.CurrentPlayer = m_state.NumPlayers;
         PlayTurns();
@@ -51,10 +50,21 @@ void TurnEngine::StartNewGame(const NewGameSetup &setup)
     // Made after the engine has returned, so a human who follows computer seats is announced
     // and paused for a second time.
     if (m_table.isChecked(Check::PauseBeforeHumans)) {
+        m_table.setTakeOverEnabled(false);
         m_table.showMessage(QStringLiteral("Player ") + QString::number(m_state.CurrentPlayer)
                             + QStringLiteral("'s Turn"));
         WaitForResume();
+        if (!sameGame(serial))
+            return;
     }
+    m_table.setTakeOverEnabled(personMayMove());
+}
+
+bool TurnEngine::personMayMove() const
+{
+    const int seat = m_state.CurrentPlayer;
+    return m_state.NetMode != NetGuestMode && seat >= 1 && seat <= m_state.NumPlayers && !m_state.Pausing
+           && m_state.PlayerType(seat) == LocalHuman && !m_state.isOut(seat) && m_state.PileTag.isEmpty();
 }
 
 void TurnEngine::TakeOver()
@@ -80,6 +90,8 @@ void TurnEngine::TakeOver()
 void TurnEngine::AbandonGame()
 {
     m_table.setCaption(QStringLiteral("Press 'F2' to begin"));
+    m_table.showMessage(QString());
+    m_table.setTakeOverEnabled(false);
     clearHand();
     clearPile();
     m_state.PileTag.clear();

@@ -29,6 +29,7 @@ void TurnEngine::picCard_Click(int index)
     // second click meanwhile must find a play in progress.
     setPileTag(m_state.NetMode == NetHostMode ? QStringLiteral("%1").arg(card, 2, 10, QLatin1Char('0'))
                                               : QString::number(slot));
+    m_table.setTakeOverEnabled(false); // the seat has moved; its card is on its way
     m_table.animateCardMove(index, PileSlot);
     if (!playGoesOn())
         return;

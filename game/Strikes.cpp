@@ -72,7 +72,9 @@ void TurnEngine::announceWinner()
 
 void TurnEngine::startNewRound()
 {
-    m_table.setTakeOverEnabled(m_state.PlayerType(1) != Computer);
+    // Take Over stays off until seat 1 is really asked for a card: the pause before its turn
+    // comes first, and a person may not act during it.
+    m_table.setTakeOverEnabled(false);
     m_state.Total = 0;
     m_state.Direction = 1;
     // Every seat, out or not, is dealt from a full new stock.

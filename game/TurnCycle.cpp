@@ -61,6 +61,8 @@ void TurnEngine::PlayTurns()
         if (seat == m_state.CurrentPlayer)
             return;
         m_state.CurrentPlayer = static_cast<int16_t>(seat);
+        // Nobody may hand a seat over until a person here is asked for a card.
+        m_table.setTakeOverEnabled(false);
         m_table.setCaption(QString::number(seat) + TurnSuffix);
         m_table.refresh();
         m_table.refreshStrikeMarks();
@@ -80,14 +82,13 @@ void TurnEngine::PlayTurns()
             if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeHumans) || !turnGoesOn())
                 return;
             showHand(seat);
-            m_table.setTakeOverEnabled(true);
             if (ChooseCard(seat) >= 0) {
                 setPileTag(QString()); // the engine now waits for the human's card
+                m_table.setTakeOverEnabled(true);
                 return;
             }
             TakeStrike();
         } else if (kind == RemoteHuman) {
-            m_table.setTakeOverEnabled(false);
             if (ChooseCard(seat) >= 0) {
                 if (m_state.NetMode == NetHostMode && m_net)
                     m_net->sendGameLine();
@@ -100,7 +101,6 @@ void TurnEngine::PlayTurns()
             m_table.processEvents();
             if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeComputers) || !turnGoesOn())
                 return;
-            m_table.setTakeOverEnabled(false);
             const int choice = ChooseCard(seat);
             if (choice < 0) {
                 showHand(seat);

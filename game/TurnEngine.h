@@ -56,6 +56,8 @@ public:
     void StartNewGame(const NewGameSetup &setup);
     // Take Over on a host or a local game: the current seat becomes a computer seat.
     void TakeOver();
+    // A person at this computer is being asked for a card now: Take Over may hand the seat over.
+    bool personMayMove() const;
     // The game is dropped without a winner (a change of the number of decks).
     void AbandonGame();
 

@@ -195,6 +195,7 @@ void MainWindow::mnuGNew_Click()
         m_state.NetMode = LocalGame;
     }
     m_networkTag.clear();
+    newGameDialog()->setNumberOfDecks(m_state.NumberOfDecks);
     runNewGameDialog();
     if (newGameDialog()->Tag == QLatin1String("CANCEL"))
         return;

@@ -145,6 +145,27 @@ void NewGameDialog::buildPlayersFrame()
         grid->addWidget(button, 0, i);
         connect(button, &QRadioButton::clicked, this, [this, i] { optPlayers_Click(i); });
     }
+    lblDecksAdvice = new QLabel(QStringLiteral("With 9 or 10 players, choose 2 or more decks (Options > "
+                                               "Number Of Decks): with one deck a round may never end."),
+                                Frame1);
+    lblDecksAdvice->setObjectName(QStringLiteral("lblDecksAdvice"));
+    lblDecksAdvice->setWordWrap(true);
+    lblDecksAdvice->hide();
+    grid->addWidget(lblDecksAdvice, 1, 0, 1, 9);
+}
+
+void NewGameDialog::setNumberOfDecks(int decks)
+{
+    m_numberOfDecks = decks;
+    updateDecksAdvice();
+}
+
+void NewGameDialog::updateDecksAdvice()
+{
+    // A stock of one deck rebuilt during a round with 27 or 30 cards in hand holds nothing but
+    // kings, and such a round never ends. A guest deals nothing, so the advice is the host's.
+    const bool bigTable = playersIndex() + 2 >= 9;
+    lblDecksAdvice->setVisible(bigTable && m_numberOfDecks == 1 && !isGuestRole());
 }
 
 void NewGameDialog::buildHumansFrame()
@@ -220,6 +241,7 @@ void NewGameDialog::updateNetworkControls()
     const bool guest = network && optGuest->isChecked();
     lblHost->setEnabled(guest);
     txtHost->setEnabled(guest);
+    updateDecksAdvice();
 }
 
 void NewGameDialog::runModal()
@@ -272,6 +294,7 @@ NewGameSetup NewGameDialog::setup() const
 
 void NewGameDialog::optPlayers_Click(int index)
 {
+    updateDecksAdvice();
     for (int i = 0; i < MaxSeats; ++i) {
         SeatBox *box = chkHuman[static_cast<size_t>(i)];
         const bool inGame = i < index + 2;

@@ -60,6 +60,8 @@ public:
 
     QGroupBox *Frame1 = nullptr;
     std::array<QRadioButton *, 9> optPlayers{}; // button i: i + 2 seats
+    // Shown while a big table is chosen with a single deck (see updateDecksAdvice).
+    QLabel *lblDecksAdvice = nullptr;
     QGroupBox *Frame2 = nullptr;
     std::array<SeatBox *, MaxSeats> chkHuman{}; // box i: seat i + 1
     QCheckBox *chkNetwork = nullptr;
@@ -94,6 +96,9 @@ public:
     // The name a guest gives with its seat request: this computer's name unless set.
     QString computerName() const;
     void setComputerName(const QString &name) { m_computerName = name; }
+
+    // The number of decks this copy would deal with; it decides whether the advice line shows.
+    void setNumberOfDecks(int decks);
 
     // Shows the dialog modally and returns when it is hidden again.
     void runModal();
@@ -147,6 +152,7 @@ private:
     void takeSnapshot();
     void restoreSnapshot();
     void enableSeatsForCount();
+    void updateDecksAdvice();
     bool isHosting() const;
     bool isGuestRole() const;
 
@@ -178,6 +184,7 @@ private:
     void guestSelect();
 
     int m_savedPlayers = 0;
+    int m_numberOfDecks = 1;
     std::array<SeatSnapshot, MaxSeats> m_savedSeats{};
     int m_gamePort = 0;
     QString m_announcedVersion;

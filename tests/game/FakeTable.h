@@ -32,6 +32,9 @@ public:
     int resumeWaits = 0;
     int failedWaits = 0; // waits that returned with their condition still false
     int wakes = 0;
+    // Pauses, Resume waits and card moves made while Take Over was enabled: none should be,
+    // since nobody is asked for a card then.
+    int takeOverDuringStandstills = 0;
     bool resumeShown = false;
     bool takeOverEnabled = false;
     bool guestMenusEnabled = true;
@@ -88,6 +91,7 @@ public:
     void pause(double seconds) override
     {
         pauses << seconds;
+        noteStandstill();
         if (onPause)
             onPause(seconds);
     }
@@ -99,6 +103,7 @@ public:
     void waitForResume(const std::function<bool()> &resumed) override
     {
         ++resumeWaits;
+        noteStandstill();
         resumeShown = true;
         if (onResume)
             onResume();
@@ -120,6 +125,7 @@ public:
     void animateCardMove(int fromSlot, int toSlot) override
     {
         animations << QStringLiteral("move %1 %2").arg(fromSlot).arg(toSlot);
+        noteStandstill();
         shown.at(static_cast<size_t>(toSlot)) = shown.at(static_cast<size_t>(fromSlot));
         if (fromSlot != DeckSlot)
             shown.at(static_cast<size_t>(fromSlot)) = Empty;
@@ -127,6 +133,7 @@ public:
     void animateCardFlip(int slot, int code) override
     {
         animations << QStringLiteral("flip %1 %2").arg(slot).arg(code);
+        noteStandstill();
         shown.at(static_cast<size_t>(slot)) = code;
     }
 
@@ -139,6 +146,9 @@ public:
     void setNetworkTimer(bool enabled) override { networkTimer = enabled; }
     bool networkTimerEnabled() const override { return networkTimer; }
     void hideWaitIndicator() override { waitIndicatorShown = false; }
+
+private:
+    void noteStandstill() { takeOverDuringStandstills += takeOverEnabled ? 1 : 0; }
 };
 
 } // namespace qx::test

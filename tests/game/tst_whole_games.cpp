@@ -163,6 +163,8 @@ void WholeGamesTest::wholeGame()
     QCOMPARE(f.table.failedWaits, 0);
     QVERIFY(!f.state.Pausing);
     QVERIFY(!f.state.ComputerClick);
+    QVERIFY(!f.table.takeOverEnabled);
+    QCOMPARE(f.table.takeOverDuringStandstills, 0);
 }
 
 void WholeGamesTest::hostGame()

@@ -1,5 +1,6 @@
 #include "FakeOptionsTarget.h"
 #include "MainWindow.h"
+#include "TableView.h"
 #include "OptionsCommands.h"
 #include "OptionsStore.h"
 #include "SettingsSandbox.h"
@@ -92,11 +93,16 @@ private slots:
         QVERIFY(!window.menus().mnuODNum(2)->isChecked());
 
         answer = true;
+        static_cast<Table &>(window).showMessage(QStringLiteral("Player 1's Turn"));
+        static_cast<Table &>(window).setTakeOverEnabled(true);
         window.menus().mnuODNum(2)->trigger();
         QCOMPARE(window.state().NumberOfDecks, 2);
         QCOMPARE(window.state().CurrentPlayer, 0);
         QCOMPARE(window.state().Total, -1);
         QCOMPARE(window.caption(), QStringLiteral("Press 'F2' to begin"));
+        // The abandoned game leaves nothing behind: no turn message, no seat to hand over.
+        QVERIFY(window.playArea()->message().isEmpty());
+        QVERIFY(!window.menus().mnuGTakeOver->isEnabled());
     }
 
     void guestMenus()

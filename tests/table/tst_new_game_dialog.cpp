@@ -6,7 +6,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTextDocument>
 #include <QTimer>
+#include <QFile>
 
 using namespace qx;
 
@@ -23,6 +25,8 @@ private slots:
     void setupNetworkModes();
     void cancelRestoresTheSeatsAndTagsTheDialog();
     void escapeCancelsAndEnterConfirms();
+    void decksAdviceForBigTablesWithOneDeck_data();
+    void decksAdviceForBigTablesWithOneDeck();
 };
 
 void NewGameDialogTest::controlsCarryTheirNamesAndCaptions()
@@ -174,6 +178,49 @@ void NewGameDialogTest::escapeCancelsAndEnterConfirms()
     QTimer::singleShot(0, &d, [&] { QTest::keyClick(&d, Qt::Key_Return); });
     d.runModal();
     QVERIFY(d.Tag.isEmpty());
+}
+
+void NewGameDialogTest::decksAdviceForBigTablesWithOneDeck_data()
+{
+    QTest::addColumn<int>("players");
+    QTest::addColumn<int>("decks");
+    QTest::addColumn<bool>("guest");
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("10 players, 1 deck") << 10 << 1 << false << true;
+    QTest::newRow("9 players, 1 deck") << 9 << 1 << false << true;
+    QTest::newRow("8 players, 1 deck") << 8 << 1 << false << false;
+    QTest::newRow("10 players, 2 decks") << 10 << 2 << false << false;
+    QTest::newRow("a guest deals nothing") << 10 << 1 << true << false;
+}
+
+void NewGameDialogTest::decksAdviceForBigTablesWithOneDeck()
+{
+    QFETCH(int, players);
+    QFETCH(int, decks);
+    QFETCH(bool, guest);
+    QFETCH(bool, shown);
+    NewGameDialog d;
+    d.setNumberOfDecks(decks);
+    d.optPlayers[static_cast<size_t>(players - 2)]->click();
+    if (guest) {
+        d.tell = [](const QString &) {};
+        d.setGamePort(1); // nobody listens there: the attempt is refused at once
+        d.txtHost->setText(QStringLiteral("127.0.0.1"));
+        d.optGuest->click();
+        d.chkNetwork->click();
+    }
+    d.show();
+    const QString advice = QStringLiteral("With 9 or 10 players, choose 2 or more decks (Options > Number Of Decks): "
+                                          "with one deck a round may never end.");
+    QCOMPARE(d.lblDecksAdvice->text(), advice);
+    QCOMPARE(d.lblDecksAdvice->isVisible(), shown);
+
+    // Help > Rules gives the same advice.
+    QFile rules(QStringLiteral(QX_RULES_PAGE));
+    QVERIFY(rules.open(QIODevice::ReadOnly));
+    QTextDocument page;
+    page.setHtml(QString::fromUtf8(rules.readAll()));
+    QVERIFY(page.toPlainText().simplified().contains(advice));
 }
 
 QTEST_MAIN(NewGameDialogTest)
