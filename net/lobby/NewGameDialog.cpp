@@ -150,6 +150,10 @@ void NewGameDialog::buildPlayersFrame()
                                 Frame1);
     lblDecksAdvice->setObjectName(QStringLiteral("lblDecksAdvice"));
     lblDecksAdvice->setWordWrap(true);
+    // Its place is kept while it is hidden, so the dialog never jumps when the count changes.
+    QSizePolicy keepPlace = lblDecksAdvice->sizePolicy();
+    keepPlace.setRetainSizeWhenHidden(true);
+    lblDecksAdvice->setSizePolicy(keepPlace);
     lblDecksAdvice->hide();
     grid->addWidget(lblDecksAdvice, 1, 0, 1, 9);
 }
@@ -165,7 +169,8 @@ void NewGameDialog::updateDecksAdvice()
     // A stock of one deck rebuilt during a round with 27 or 30 cards in hand holds nothing but
     // kings, and such a round never ends. A guest deals nothing, so the advice is the host's.
     const bool bigTable = playersIndex() + 2 >= 9;
-    lblDecksAdvice->setVisible(bigTable && m_numberOfDecks == 1 && !isGuestRole());
+    const bool shown = bigTable && m_numberOfDecks == 1 && !isGuestRole();
+    lblDecksAdvice->setVisible(shown);
 }
 
 void NewGameDialog::buildHumansFrame()
