@@ -4,6 +4,7 @@
 
 #include <QNetworkDatagram>
 #include <QNetworkInterface>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ DiscoveryBrowser::DiscoveryBrowser(const QString &version, QObject *parent)
     : QObject(parent), m_version(version), m_port(portFromEnvironment()), m_loopbackOnly(loopbackOnlyFromEnvironment())
 {
     m_clock.start();
-    m_askTimer.setInterval(AskIntervalMs);
+    m_askTimer.setSingleShot(true);
     m_ageTimer.setSingleShot(true);
     connect(&m_askTimer, &QTimer::timeout, this, &DiscoveryBrowser::ask);
     connect(&m_ageTimer, &QTimer::timeout, this, &DiscoveryBrowser::age);
@@ -36,12 +37,13 @@ void DiscoveryBrowser::start()
         return;
     if (m_socket.state() != QAbstractSocket::BoundState && !m_socket.bind(QHostAddress::AnyIPv4, 0))
         return; // no list then; the host's address can still be typed
-    m_askTimer.start();
+    m_browsing = true;
     ask();
 }
 
 void DiscoveryBrowser::stop()
 {
+    m_browsing = false;
     m_askTimer.stop();
     m_ageTimer.stop();
     m_socket.close();
@@ -53,6 +55,7 @@ void DiscoveryBrowser::stop()
 
 void DiscoveryBrowser::ask()
 {
+    m_askTimer.start(AskIntervalMs - AskJitterMs + int(QRandomGenerator::global()->bounded(2 * AskJitterMs + 1)));
     const QByteArray query = buildQuery(m_version);
     m_socket.writeDatagram(query, QHostAddress(QHostAddress::LocalHost), m_port);
     if (m_loopbackOnly)

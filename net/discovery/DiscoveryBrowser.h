@@ -16,7 +16,11 @@ namespace qx::discovery {
 class DiscoveryBrowser : public QObject {
     Q_OBJECT
 public:
+    // Every two seconds on average. The exact moment wanders by up to half a second either way:
+    // a host answers one address once a second, so two guests on one computer (or behind one
+    // router) that asked in step would otherwise find that only one of them ever hears it.
     static constexpr int AskIntervalMs = 2000;
+    static constexpr int AskJitterMs = 500;
 
     DiscoveryBrowser(const QString &version, QObject *parent = nullptr);
 
@@ -29,7 +33,7 @@ public:
     void start();
     // Stops asking and empties the list.
     void stop();
-    bool isBrowsing() const { return m_askTimer.isActive(); }
+    bool isBrowsing() const { return m_browsing; }
 
     const QList<ListedHost> &hosts() const { return m_hosts.hosts(); }
     const QString &version() const { return m_version; }
@@ -46,6 +50,7 @@ private:
     QString m_version;
     quint16 m_port;
     bool m_loopbackOnly;
+    bool m_browsing = false;
     QUdpSocket m_socket;
     QTimer m_askTimer;
     QTimer m_ageTimer; // fires when the host heard longest ago turns six seconds silent
