@@ -42,9 +42,16 @@ void NewGameDialog::buildHostList()
     lstHosts->setRootIsDecorated(false);
     lstHosts->setHeaderLabels({QStringLiteral("Computer"), QStringLiteral("Address"), QStringLiteral("Players"),
                                QStringLiteral("Free Seats"), QStringLiteral("Version")});
+    // Wide enough for a long computer name, any address and a marked version without scrolling;
+    // a longer name gives way (elided) before the other columns do.
     lstHosts->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    lstHosts->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
     lstHosts->header()->setStretchLastSection(false);
-    lstHosts->setMinimumHeight(fontMetrics().height() * 6);
+    const QFontMetrics metrics = fontMetrics();
+    lstHosts->setMinimumWidth(metrics.horizontalAdvance(QStringLiteral("kitchen-computer 255.255.255.255 Players "
+                                                                       "Free Seats 1.0 (other version)"))
+                              + 12 * metrics.averageCharWidth());
+    lstHosts->setMinimumHeight(metrics.height() * 6);
     lblHosts->setBuddy(lstHosts);
     // The choice runs after the click has been handled: giving up an attempt under way rebuilds
     // the list, and the clicked item with it.
