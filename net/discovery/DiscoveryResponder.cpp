@@ -19,6 +19,8 @@ DiscoveryResponder::DiscoveryResponder(const QString &version, QObject *parent)
     connect(&m_socket, &QUdpSocket::readyRead, this, &DiscoveryResponder::readQueries);
 }
 
+DiscoveryResponder::~DiscoveryResponder() { stop(); }
+
 bool DiscoveryResponder::start()
 {
     if (isAnswering())

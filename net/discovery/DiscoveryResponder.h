@@ -28,6 +28,8 @@ public:
     };
 
     DiscoveryResponder(const QString &version, QObject *parent = nullptr);
+    // A host that quits with its lobby open says goodbye too.
+    ~DiscoveryResponder() override;
 
     void setPort(quint16 port) { m_port = port; }
     quint16 port() const { return m_port; }
