@@ -10,6 +10,7 @@ packages=(
   libbenchmark-dev
   fonts-dejavu-core
   xvfb xauth xdotool imagemagick x11-utils
+  iproute2  # the end-to-end game across two network namespaces (skipped without it)
 )
 
 missing=()

@@ -49,6 +49,7 @@ void NewGameDialog::networkToggled(bool checked)
     updateNetworkControls();
     if (!checked)
         leaveNetwork();
+    updateDiscovery();
 }
 
 void NewGameDialog::leaveNetwork()
@@ -93,6 +94,7 @@ void NewGameDialog::beginHosting()
             return; // the failure has been told
     }
     showConnections();
+    updateDiscovery();
 }
 
 void NewGameDialog::becomeGuest()
@@ -107,6 +109,7 @@ void NewGameDialog::becomeGuest()
     m_guestReachedHost = false;
     lblStatus->setText(QStringLiteral("Not Connected"));
     tmrCheck->start();
+    updateDiscovery();
 }
 
 void NewGameDialog::tmrCheck_Timer()

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace qx {
@@ -95,6 +96,7 @@ NewGameDialog::NewGameDialog(QWidget *parent)
     buildPlayersFrame();
     buildHumansFrame();
     buildNetworkControls();
+    buildHostList();
 
     cmdOK = new QPushButton(QStringLiteral("&OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
@@ -110,7 +112,9 @@ NewGameDialog::NewGameDialog(QWidget *parent)
     network->addWidget(optGuest, 1, 1);
     network->addWidget(lblHost, 2, 0);
     network->addWidget(txtHost, 2, 1);
-    network->addWidget(lblStatus, 3, 0, 1, 2);
+    network->addWidget(lblHosts, 3, 0, 1, 2);
+    network->addWidget(lstHosts, 4, 0, 1, 2);
+    network->addWidget(lblStatus, 5, 0, 1, 2);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -246,6 +250,8 @@ void NewGameDialog::updateNetworkControls()
     const bool guest = network && optGuest->isChecked();
     lblHost->setEnabled(guest);
     txtHost->setEnabled(guest);
+    lblHosts->setEnabled(guest);
+    lstHosts->setEnabled(guest);
     updateDecksAdvice();
 }
 

@@ -14,8 +14,14 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTimer;
+class QTreeWidget;
 
 namespace qx {
+
+namespace discovery {
+class DiscoveryBrowser;
+class DiscoveryResponder;
+} // namespace discovery
 
 class NetClient;
 class NetHost;
@@ -76,6 +82,13 @@ public:
     // The connections: this copy hosting, or this copy as a guest. Both live as long as the dialog.
     NetHost *Host = nullptr;
     NetClient *Guest = nullptr;
+    // Finding games on the LAN: the host's open lobby answers the guests' queries (Announcer); a
+    // guest lists the hosts that answer (Browser, shown in lstHosts) and picks one instead of
+    // typing its address.
+    QLabel *lblHosts = nullptr;
+    QTreeWidget *lstHosts = nullptr;
+    discovery::DiscoveryResponder *Announcer = nullptr;
+    discovery::DiscoveryBrowser *Browser = nullptr;
 
     // "CANCEL" after Cancel; emptied whenever the dialog is run.
     QString Tag;
@@ -128,6 +141,9 @@ public:
     void tmrCheck_Timer();
     // Guest: ends the connection to the host without reporting it as a drop (Take Over).
     void leaveHost();
+    // Guest: the host listed in row becomes "Host's Name/IP:" and is called at once; false for a
+    // host of another version, which cannot be chosen.
+    bool chooseListedHost(int row);
 
 signals:
     // Guest: the host's connection ended while the dialog was hidden and not cancelled, that is
@@ -136,6 +152,8 @@ signals:
 
 protected:
     void reject() override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     struct SeatSnapshot {
@@ -173,6 +191,11 @@ private:
     void removeGuest(int box);
     void showConnections();
     void hostStart();
+
+    // Finding games on the LAN (LobbyDiscovery.cpp).
+    void buildHostList();
+    void showListedHosts();
+    void updateDiscovery();
 
     // Guest side of the lobby (LobbyGuest.cpp).
     void guestConnected();

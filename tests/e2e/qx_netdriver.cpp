@@ -9,7 +9,9 @@
 //
 // Options: --role host|guest, --players n (host), --seat n (the seat this copy plays, 1-based),
 // --guests n (host: start once n guests hold seats), --host address (guest), --name text (the
-// guest's computer name), --games n (games in a row; each one starts again with F2 and the
+// guest's computer name), --pick (guest: choose the host from the New Game dialog's list of games
+// on the LAN instead of typing its address), --lan (host: listen on every address, not only the
+// loopback), --games n (games in a row; each one starts again with F2 and the
 // lobby, as a person would), --time-scale x (the Waiter's), --timeout seconds.
 // The port comes from QX_PORT (0 lets a host take any free port); QX_ANNOUNCE_VERSION makes a
 // guest announce another version.
@@ -37,6 +39,7 @@
 #include <QSet>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <cstdio>
 #include <functional>
@@ -51,6 +54,8 @@ struct Options {
     int seat = 1;
     int guests = 0;
     QString hostAddress = QStringLiteral("127.0.0.1");
+    bool pick = false;
+    bool lan = false;
     QString name;
     int games = 1;
     double timeScale = 0.01;
@@ -82,6 +87,7 @@ public:
         m_connectedAt.invalidate();
         m_askedAt.invalidate();
         m_retryAt.invalidate();
+        m_pickedAt.invalidate();
         m_messagesBeforeGame = int(m_messages.size());
         m_players = 0;
         m_strikes.fill(0);
@@ -196,7 +202,8 @@ private:
     {
         if (!m_networkChosen) {
             m_networkChosen = true;
-            m_d.Host->setListenAddress(QHostAddress::LocalHost);
+            if (!m_o.lan)
+                m_d.Host->setListenAddress(QHostAddress::LocalHost);
             setSeats();
             m_d.chkNetwork->click();
             if (!m_d.optHost->isChecked())
@@ -231,9 +238,13 @@ private:
                 m_d.setAnnouncedVersion(QString::fromLatin1(version));
             m_d.optGuest->click();
             m_d.chkNetwork->click();
-            // The box keeps the last game's address: select it all and type over it.
+            // The box keeps the last game's address: select it all and type over it (or, when
+            // the host is to be picked from the list, clear it).
             m_d.txtHost->selectAll();
-            QTest::keyClicks(m_d.txtHost, m_o.hostAddress);
+            if (m_o.pick)
+                QTest::keyClick(m_d.txtHost, Qt::Key_Delete);
+            else
+                QTest::keyClicks(m_d.txtHost, m_o.hostAddress);
             return;
         }
         if (!m_d.chkNetwork->isChecked()) {
@@ -253,6 +264,12 @@ private:
                 m_retryAt.invalidate();
                 m_d.chkNetwork->click();
             }
+            return;
+        }
+        // Until the choice has filled "Host's Name/IP:", look at the list again now and then.
+        if (m_o.pick && m_d.txtHost->text().isEmpty()) {
+            if (!m_pickedAt.isValid() || m_pickedAt.elapsed() > 300)
+                pickListedHost();
             return;
         }
         const QString status = m_d.lblStatus->text();
@@ -284,6 +301,22 @@ private:
         m_started = true;
         startPlaying();
         act([this] { m_d.cmdOK->click(); });
+    }
+
+    // A click on the first host in the list that may be chosen, once the list shows one.
+    void pickListedHost()
+    {
+        QTreeWidget *list = m_d.lstHosts;
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            QTreeWidgetItem *item = list->topLevelItem(row);
+            if (!item->flags().testFlag(Qt::ItemIsEnabled))
+                continue;
+            m_pickedAt.start();
+            say(QStringLiteral("QXEVENT picked ") + item->text(0) + QLatin1Char(' ') + item->text(1));
+            const QRect where = list->visualItemRect(item);
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, where.center());
+            return;
+        }
     }
 
     // ---- The game ----
@@ -398,6 +431,7 @@ private:
     QElapsedTimer m_connectedAt;
     QElapsedTimer m_askedAt;
     QElapsedTimer m_retryAt;
+    QElapsedTimer m_pickedAt;
     QSet<QMessageBox *> m_dismissed;
     QStringList m_messages;
     std::array<int, MaxSeats + 1> m_strikes{};
@@ -423,6 +457,8 @@ Options parse(const QStringList &args)
                   {QStringLiteral("guests"), QStringLiteral("guests to wait for"), QStringLiteral("n")},
                   {QStringLiteral("host"), QStringLiteral("the host's address"), QStringLiteral("address")},
                   {QStringLiteral("name"), QStringLiteral("the guest's computer name"), QStringLiteral("text")},
+                  {QStringLiteral("pick"), QStringLiteral("choose the host from the list of games on the LAN")},
+                  {QStringLiteral("lan"), QStringLiteral("host on every address, not only the loopback")},
                   {QStringLiteral("games"), QStringLiteral("games in a row"), QStringLiteral("n")},
                   {QStringLiteral("time-scale"), QStringLiteral("scale of every pause"), QStringLiteral("x")},
                   {QStringLiteral("timeout"), QStringLiteral("seconds before giving up"), QStringLiteral("s")}});
@@ -437,6 +473,8 @@ Options parse(const QStringList &args)
     if (p.isSet(QStringLiteral("host")))
         o.hostAddress = p.value(QStringLiteral("host"));
     o.name = p.value(QStringLiteral("name"));
+    o.pick = p.isSet(QStringLiteral("pick"));
+    o.lan = p.isSet(QStringLiteral("lan"));
     if (p.isSet(QStringLiteral("games")))
         o.games = qMax(1, p.value(QStringLiteral("games")).toInt());
     if (p.isSet(QStringLiteral("time-scale")))

@@ -3,15 +3,21 @@
 // must end with the same winner and the same strikes for every seat, computer seats included;
 // a guest that dies, a host that dies and a guest of the wrong version are played out too, and a
 // soak of several games in a row in which one guest leaves between games and another comes in.
+// Guests find their host in the New Game dialog's list of games on the LAN, as a person does; once
+// across two network namespaces joined by a veth pair, where the machine allows it.
 
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTemporaryDir>
+#include <QUdpSocket>
 #include <QtTest>
+
+#include <unistd.h>
 
 #include <memory>
 #include <vector>
@@ -24,22 +30,38 @@ const QString Dropped = QStringLiteral("The connection to the host has dropped."
 // One copy of the program and what it printed.
 class Copy : public QObject {
 public:
-    Copy(const QString &name, const QStringList &args, int port, const QString &configDir,
-         const QString &announceVersion = QString())
+    // The copy runs with env, inside the network namespace netns when one is named.
+    Copy(const QString &name, const QStringList &args, const QProcessEnvironment &env, const QString &netns = QString())
         : m_name(name)
+    {
+        m_process.setProcessEnvironment(env);
+        m_process.setProcessChannelMode(QProcess::SeparateChannels);
+        connect(&m_process, &QProcess::readyReadStandardOutput, this, &Copy::read);
+        if (netns.isEmpty())
+            m_process.start(QStringLiteral(QX_NETDRIVER_PATH), args);
+        else
+            m_process.start(QStringLiteral("ip"),
+                            QStringList{QStringLiteral("netns"), QStringLiteral("exec"), netns,
+                                        QStringLiteral(QX_NETDRIVER_PATH)}
+                                + args);
+    }
+
+    // A copy on a computer of its own: the game's port (0 lets a host pick any), discovery on the
+    // loopback on discoveryPort (so that tests side by side never list each other's hosts), and
+    // its options in configDir.
+    static QProcessEnvironment environment(int port, quint16 discoveryPort, const QString &configDir,
+                                           const QString &announceVersion = QString())
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("qt.*=false"));
         env.insert(QStringLiteral("QX_PORT"), QString::number(port));
-        // Each copy keeps its options in its own place, as on its own computer.
+        env.insert(QStringLiteral("QX_DISCOVERY_PORT"), QString::number(discoveryPort));
+        env.insert(QStringLiteral("QX_DISCOVERY_LOOPBACK"), QStringLiteral("1"));
         env.insert(QStringLiteral("XDG_CONFIG_HOME"), configDir);
         if (!announceVersion.isEmpty())
             env.insert(QStringLiteral("QX_ANNOUNCE_VERSION"), announceVersion);
-        m_process.setProcessEnvironment(env);
-        m_process.setProcessChannelMode(QProcess::SeparateChannels);
-        connect(&m_process, &QProcess::readyReadStandardOutput, this, &Copy::read);
-        m_process.start(QStringLiteral(QX_NETDRIVER_PATH), args);
+        return env;
     }
     ~Copy() override
     {
@@ -62,6 +84,8 @@ public:
     const QList<QJsonObject> &games() const { return m_games; }
     int port() const { return m_port; }
     int moves() const { return m_moves; }
+    // The address of the host this guest picked from its list, or empty.
+    const QString &picked() const { return m_picked; }
     const QJsonObject &result() const { return m_result; }
     QString log() const { return m_name + QStringLiteral(":\n") + m_lines.join(QLatin1Char('\n')) + QLatin1Char('\n')
                                  + QString::fromLocal8Bit(m_stderr); }
@@ -101,6 +125,8 @@ private:
             m_lines << line;
             if (line.startsWith(QLatin1String("QXPORT ")))
                 m_port = line.mid(7).toInt();
+            else if (line.startsWith(QLatin1String("QXEVENT picked ")))
+                m_picked = line.section(QLatin1Char(' '), -1);
             else if (line.startsWith(QLatin1String("QXEVENT moved ")))
                 m_moves = line.mid(14).toInt();
             else if (line.startsWith(QLatin1String("QXGAME ")))
@@ -117,8 +143,62 @@ private:
     QStringList m_lines;
     QJsonObject m_result;
     QList<QJsonObject> m_games;
+    QString m_picked;
     int m_port = 0;
     int m_moves = 0;
+};
+
+// Two network namespaces joined by a veth pair, with addresses of this test's own (10.199.7.1 the
+// host's, 10.199.7.2 the guest's) that exist nowhere but inside them; removed again at the end.
+class NamespacePair {
+public:
+    NamespacePair()
+        : host(QStringLiteral("qxh%1").arg(::getpid())), guest(QStringLiteral("qxg%1").arg(::getpid()))
+    {
+    }
+    ~NamespacePair()
+    {
+        for (const QString &ns : {host, guest})
+            QProcess::execute(QStringLiteral("ip"), {QStringLiteral("netns"), QStringLiteral("delete"), ns});
+    }
+    // Empty when both stand, else why they cannot.
+    QString create()
+    {
+        if (::geteuid() != 0)
+            return QStringLiteral("network namespaces need root");
+        if (QStandardPaths::findExecutable(QStringLiteral("ip")).isEmpty()
+            && QStandardPaths::findExecutable(QStringLiteral("ip"), {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")})
+                   .isEmpty())
+            return QStringLiteral("iproute2 (ip) is not installed");
+        const QList<QStringList> steps{
+            {QStringLiteral("netns"), QStringLiteral("add"), host},
+            {QStringLiteral("netns"), QStringLiteral("add"), guest},
+            {QStringLiteral("link"), QStringLiteral("add"), host, QStringLiteral("type"), QStringLiteral("veth"),
+             QStringLiteral("peer"), QStringLiteral("name"), guest},
+            {QStringLiteral("link"), QStringLiteral("set"), host, QStringLiteral("netns"), host},
+            {QStringLiteral("link"), QStringLiteral("set"), guest, QStringLiteral("netns"), guest},
+            {QStringLiteral("-n"), host, QStringLiteral("addr"), QStringLiteral("add"), QStringLiteral("10.199.7.1/24"),
+             QStringLiteral("dev"), host},
+            {QStringLiteral("-n"), guest, QStringLiteral("addr"), QStringLiteral("add"), QStringLiteral("10.199.7.2/24"),
+             QStringLiteral("dev"), guest},
+            {QStringLiteral("-n"), host, QStringLiteral("link"), QStringLiteral("set"), host, QStringLiteral("up")},
+            {QStringLiteral("-n"), guest, QStringLiteral("link"), QStringLiteral("set"), guest, QStringLiteral("up")},
+            {QStringLiteral("-n"), host, QStringLiteral("link"), QStringLiteral("set"), QStringLiteral("lo"),
+             QStringLiteral("up")},
+            {QStringLiteral("-n"), guest, QStringLiteral("link"), QStringLiteral("set"), QStringLiteral("lo"),
+             QStringLiteral("up")},
+        };
+        for (const QStringList &step : steps) {
+            QProcess ip;
+            ip.start(QStringLiteral("ip"), step);
+            if (!ip.waitForFinished(10000) || ip.exitStatus() != QProcess::NormalExit || ip.exitCode() != 0)
+                return QStringLiteral("\"ip %1\" failed: %2")
+                    .arg(step.join(QLatin1Char(' ')), QString::fromLocal8Bit(ip.readAllStandardError()).trimmed());
+        }
+        return QString();
+    }
+    const QString host;
+    const QString guest;
 };
 
 } // namespace
@@ -127,12 +207,14 @@ class NetworkEndToEndTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void init();
     void cleanup();
     void everyCopyAgreesOnTheGame();
     void guestLeavingMidGameIsPlayedByTheComputer();
     void hostLeavingMidGameEndsTheGuests();
     void guestOfAnotherVersionIsTurnedAway();
     void severalGamesInARowWithAGuestChangingBetweenThem();
+    void guestFindsItsHostAcrossTwoNetworkNamespaces();
 
 private:
     Copy &startHost(int players, int guests, const QStringList &more = {}, int port = 0);
@@ -145,7 +227,17 @@ private:
     QTemporaryDir m_config;
     std::vector<std::unique_ptr<Copy>> m_copies;
     int m_port = 0;
+    quint16 m_discoveryPort = 0;
 };
+
+void NetworkEndToEndTest::init()
+{
+    // A discovery port of this test's own, the same for the host and its guests through every
+    // lobby the host opens (a host given port 0 would pick a new one each time).
+    QUdpSocket probe;
+    QVERIFY(probe.bind(QHostAddress::LocalHost, 0));
+    m_discoveryPort = probe.localPort();
+}
 
 void NetworkEndToEndTest::cleanup()
 {
@@ -183,7 +275,7 @@ Copy &NetworkEndToEndTest::startHost(int players, int guests, const QStringList 
                     QString::number(players), QStringLiteral("--seat"), QStringLiteral("1"),
                     QStringLiteral("--guests"), QString::number(guests)}
             + more,
-        port, dir));
+        Copy::environment(port, m_discoveryPort, dir)));
     Copy &host = *m_copies.back();
     m_port = 0;
     if (waitFor([&] { return host.port() > 0 || !host.running(); }, 20000))
@@ -198,11 +290,10 @@ Copy &NetworkEndToEndTest::startGuest(const QString &name, int seat, const QStri
     QDir().mkpath(dir);
     m_copies.push_back(std::make_unique<Copy>(
         name,
-        QStringList{QStringLiteral("--role"), QStringLiteral("guest"), QStringLiteral("--host"),
-                    QStringLiteral("127.0.0.1"), QStringLiteral("--name"), name, QStringLiteral("--seat"),
-                    QString::number(seat)}
+        QStringList{QStringLiteral("--role"), QStringLiteral("guest"), QStringLiteral("--pick"),
+                    QStringLiteral("--name"), name, QStringLiteral("--seat"), QString::number(seat)}
             + more,
-        m_port, dir, version));
+        Copy::environment(m_port, m_discoveryPort, dir, version)));
     return *m_copies.back();
 }
 
@@ -229,6 +320,7 @@ void NetworkEndToEndTest::everyCopyAgreesOnTheGame()
     QVERIFY(host.winner() >= 1 && host.winner() <= 4);
     expectSameGame(host, ada);
     expectSameGame(host, bob);
+    QCOMPARE(ada.picked(), QStringLiteral("127.0.0.1"));
     QCOMPARE(ada.result().value(QStringLiteral("seat")).toInt(), 2);
     QCOMPARE(bob.result().value(QStringLiteral("seat")).toInt(), 3);
     for (const Copy *c : {&host, &ada, &bob})
@@ -337,6 +429,43 @@ void NetworkEndToEndTest::severalGamesInARowWithAGuestChangingBetweenThem()
         for (const QJsonObject &result : {mine, ada.games().at(game), third})
             QVERIFY2(Copy::messagesOf(result).isEmpty(), qPrintable(logs()));
     }
+}
+
+void NetworkEndToEndTest::guestFindsItsHostAcrossTwoNetworkNamespaces()
+{
+    NamespacePair net;
+    if (const QString why = net.create(); !why.isEmpty())
+        QSKIP(qPrintable(QStringLiteral("Skipped: a host and a guest in two network namespaces need root and "
+                                        "iproute2 (") + why + QStringLiteral(")")));
+    // Inside namespaces of its own the game uses its real ports, TCP and UDP 1099, and the guest
+    // asks on every interface that can broadcast, as on a LAN.
+    const auto lan = [this](const QString &name) {
+        const QString dir = m_config.filePath(name);
+        QDir().mkpath(dir);
+        QProcessEnvironment env = Copy::environment(0, 0, dir);
+        for (const char *key : {"QX_PORT", "QX_DISCOVERY_PORT", "QX_DISCOVERY_LOOPBACK"})
+            env.remove(QLatin1String(key));
+        return env;
+    };
+    m_copies.push_back(std::make_unique<Copy>(
+        QStringLiteral("host"),
+        QStringList{QStringLiteral("--role"), QStringLiteral("host"), QStringLiteral("--lan"), QStringLiteral("--players"),
+                    QStringLiteral("3"), QStringLiteral("--seat"), QStringLiteral("1"), QStringLiteral("--guests"),
+                    QStringLiteral("1")},
+        lan(QStringLiteral("host")), net.host));
+    Copy &host = *m_copies.back();
+    QVERIFY2(waitFor([&] { return host.port() > 0 || !host.running(); }, 20000), qPrintable(logs()));
+    QCOMPARE(host.port(), 1099);
+    m_copies.push_back(std::make_unique<Copy>(
+        QStringLiteral("ada"),
+        QStringList{QStringLiteral("--role"), QStringLiteral("guest"), QStringLiteral("--pick"), QStringLiteral("--name"),
+                    QStringLiteral("ada"), QStringLiteral("--seat"), QStringLiteral("2")},
+        lan(QStringLiteral("ada")), net.guest));
+    Copy &ada = *m_copies.back();
+    QVERIFY2(waitFor([&] { return host.hasResult() && ada.hasResult(); }), qPrintable(logs()));
+    QCOMPARE(ada.picked(), QStringLiteral("10.199.7.1"));
+    expectSameGame(host, ada);
+    QCOMPARE(ada.result().value(QStringLiteral("seat")).toInt(), 2);
 }
 
 QTEST_GUILESS_MAIN(NetworkEndToEndTest)

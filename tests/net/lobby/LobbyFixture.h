@@ -4,6 +4,8 @@
 // host listens on 127.0.0.1 on a port the system picks; message boxes and questions are recorded
 // and answered by the test instead of being shown.
 
+#include "DiscoveryBrowser.h"
+#include "DiscoveryResponder.h"
 #include "NetClient.h"
 #include "NetHost.h"
 #include "NewGameDialog.h"
@@ -38,6 +40,9 @@ struct Copy {
             asked << text;
             return answer;
         };
+        // Discovery stays on the loopback, on a port of this test's own (see DiscoverySettings.h).
+        dialog.Announcer->setPort(0);
+        dialog.Browser->setLoopbackOnly(true);
         // Shown, as the New command shows it, but without a modal loop of its own.
         dialog.show();
     }
@@ -58,6 +63,7 @@ struct Lobby {
         QVERIFY(host.dialog.Host->Hosting());
     }
     int port() const { return host.dialog.Host->listeningPort(); }
+    quint16 discoveryPort() const { return host.dialog.Announcer->boundPort(); }
 
     // A guest that chooses Guest, types the host's address and connects. The retry timer is
     // sped up: the test has no five seconds to spare.
