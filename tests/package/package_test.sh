@@ -38,19 +38,24 @@ depends=$(field Depends)
 for lib in 'libc6 (>=' 'libqt6widgets6 (>=' 'libqt6network6 (>=' 'libqt6multimedia6 (>=' qt6-qpa-plugins; do
   [[ $depends == *"$lib"* ]] || fail "Depends lacks $lib: $depends"
 done
-dpkg-deb -I "$deb" | grep -q ' md5sums$' || fail "no md5sums in the control archive"
+control=$(dpkg-deb -I "$deb")
+grep -qE ' md5sums *$' <<<"$control" || fail "no md5sums in the control archive"
+# Nothing needs doing on install or removal; a maintainer script (cpack adds ldconfig calls for
+# a shared object in a library folder) would also keep the package listed after apt-get remove.
+! grep -qE ' (preinst|postinst|prerm|postrm) ' <<<"$control" || fail "maintainer scripts in the package: $control"
 
 # Contents: "mode owner path" for every entry, links as "path -> target".
 listing=$(dpkg-deb -c "$deb" | awk '{ path = $6; for (i = 7; i <= NF; i++) path = path " " $i; print $1, $2, path }')
 expect() {
   grep -qxF -- "$1" <<<"$listing" || fail "the package lacks '$1'"
 }
-expect "lrwxrwxrwx root/root ./usr/bin/qx -> ../lib/qx/qx"
-expect "-rwxr-xr-x root/root ./usr/lib/qx/qx"
-expect "-rw-r--r-- root/root ./usr/lib/qx/libqx_sound_multimedia.so"
+expect "lrwxrwxrwx root/root ./usr/bin/qx -> ../lib/games/qx/qx"
+expect "lrwxrwxrwx root/root ./usr/games/qx -> ../lib/games/qx/qx"
+expect "-rwxr-xr-x root/root ./usr/lib/games/qx/qx"
+expect "-rw-r--r-- root/root ./usr/lib/games/qx/libqx_sound_multimedia.so"
 for data in CHEER.WAV deck1.bmp qx.png qxicon.pam splash.ppm splashback.ppm splashmask.ppm \
             help/contents.html help/rules.html help/strategy.html; do
-  expect "-rw-r--r-- root/root ./usr/lib/qx/$data"
+  expect "-rw-r--r-- root/root ./usr/lib/games/qx/$data"
 done
 expect "-rw-r--r-- root/root ./usr/share/applications/qx.desktop"
 for size in 16 22 24 32 48 64 128 256; do
@@ -61,6 +66,7 @@ expect "-rw-r--r-- root/root ./usr/share/metainfo/org.brackenfall.qx.metainfo.xm
 expect "-rw-r--r-- root/root ./usr/share/man/man6/qx.6.gz"
 expect "-rw-r--r-- root/root ./usr/share/doc/qx/copyright"
 expect "-rw-r--r-- root/root ./usr/share/doc/qx/changelog.gz"
+expect "-rw-r--r-- root/root ./usr/share/lintian/overrides/qx"
 stray=$(awk '$3 !~ /^\.\/usr\// && $3 != "./"' <<<"$listing")
 [ -z "$stray" ] || fail "entries outside /usr: $stray"
 odd=$(awk '$2 != "root/root" || ($1 ~ /^d/ && $1 != "drwxr-xr-x")' <<<"$listing")
@@ -69,8 +75,8 @@ odd=$(awk '$2 != "root/root" || ($1 ~ /^d/ && $1 != "drwxr-xr-x")' <<<"$listing"
 # The installed pieces themselves.
 root=$out/root
 dpkg-deb -x "$deb" "$root"
-file -b "$root/usr/lib/qx/qx" | grep -q 'stripped' && ! file -b "$root/usr/lib/qx/qx" | grep -q 'not stripped' \
-  || fail "the program is not stripped: $(file -b "$root/usr/lib/qx/qx")"
+file -b "$root/usr/lib/games/qx/qx" | grep -q 'stripped' && ! file -b "$root/usr/lib/games/qx/qx" | grep -q 'not stripped' \
+  || fail "the program is not stripped: $(file -b "$root/usr/lib/games/qx/qx")"
 for size in 16 48 256; do
   file -b "$root/usr/share/icons/hicolor/${size}x${size}/apps/qx.png" | grep -q "PNG image data, $size x $size" \
     || fail "the ${size}-pixel icon is $(file -b "$root/usr/share/icons/hicolor/${size}x${size}/apps/qx.png")"
