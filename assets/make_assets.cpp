@@ -1,7 +1,8 @@
 // Writes the files the game loads from its own folder: the card backs deck1.bmp .. deckN.bmp, the
 // win sound CHEER.WAV, the icon qx.png, and the pictures start-up reads (the splash and the
-// window icon, as plain netpbm files). Run by the build:
-//     qx_make_assets <output folder> <number of backs>
+// window icon, as plain netpbm files). Given a third folder, it also draws the desktop's icon at
+// every size of the hicolor theme there (<size>x<size>/apps/qx.png). Run by the build:
+//     qx_make_assets <output folder> <number of backs> [<icon theme folder>]
 // The number of backs is the build's own count; a mismatch with the drawings stops the build.
 
 #include "CardArt.h"
@@ -63,6 +64,18 @@ bool writeIcon(const QDir &folder)
     return true;
 }
 
+// Drawn at each size rather than scaled from the largest, so the small icons stay sharp.
+bool writeThemeIcons(const QDir &theme)
+{
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        const QString folder = QStringLiteral("%1x%1/apps").arg(size);
+        const QString path = theme.filePath(folder + QStringLiteral("/qx.png"));
+        if (!theme.mkpath(folder) || !qx::CardArt::renderAppIcon(size).save(path, "PNG"))
+            return fail(QStringLiteral("cannot write %1").arg(path));
+    }
+    return true;
+}
+
 // The splash's backdrop, picture and mask at the sizes the splash shows them, and the window
 // icon, so that start-up reads a few plain files instead of drawing a fan of cards and loading
 // the fonts of its title.
@@ -94,9 +107,9 @@ int main(int argc, char **argv)
 
     const QStringList args = QCoreApplication::arguments();
     bool countOk = false;
-    const int backs = args.size() == 3 ? args.at(2).toInt(&countOk) : 0;
+    const int backs = args.size() == 3 || args.size() == 4 ? args.at(2).toInt(&countOk) : 0;
     if (!countOk) {
-        fail(QStringLiteral("usage: qx_make_assets <output folder> <number of backs>"));
+        fail(QStringLiteral("usage: qx_make_assets <output folder> <number of backs> [<icon theme folder>]"));
         return 2;
     }
     if (backs != qx::CardArt::backDesignCount()) {
@@ -108,5 +121,7 @@ int main(int argc, char **argv)
         fail(QStringLiteral("cannot create %1").arg(folder.path()));
         return 1;
     }
+    if (args.size() == 4 && !writeThemeIcons(QDir(args.at(3))))
+        return 1;
     return writeBacks(folder, backs) && writeCheer(folder) && writeIcon(folder) && writeStartupPictures(folder) ? 0 : 1;
 }

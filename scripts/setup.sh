@@ -11,6 +11,7 @@ packages=(
   fonts-dejavu-core
   xvfb xauth xdotool imagemagick x11-utils
   iproute2  # the end-to-end game across two network namespaces (skipped without it)
+  dpkg-dev file appstream lintian
 )
 
 missing=()
