@@ -128,9 +128,9 @@ void MainWindow::placeOnDesktop()
     const QScreen *screen = QGuiApplication::primaryScreen();
     if (!screen)
         return;
-    QRect frame(QPoint(), size());
-    frame.moveCenter(screen->availableGeometry().center());
-    move(frame.topLeft());
+    QRect place(QPoint(), size());
+    place.moveCenter(screen->availableGeometry().center());
+    move(place.topLeft());
 }
 
 void MainWindow::saveDefaultsAtStart()
@@ -162,24 +162,6 @@ void MainWindow::firstActivation()
     QResizeEvent laidOut(size(), size());
     resizeEvent(&laidOut);
     loadUserOptionsAtStart();
-}
-
-void MainWindow::showWarning(const QString &text)
-{
-    if (!m_startedUp) {
-        m_startUpMessages.append(text);
-        return;
-    }
-    OptionsTarget::showWarning(text);
-}
-
-void MainWindow::showStartUpMessages()
-{
-    if (m_startedUp)
-        return;
-    m_startedUp = true;
-    for (const QString &text : std::as_const(m_startUpMessages))
-        OptionsTarget::showWarning(text);
 }
 
 CardBackChooser *MainWindow::cardBackChooser()

@@ -94,7 +94,7 @@ public:
     // Messages of the start (trouble with the settings file, values QX cannot use) wait until the
     // splash has gone: the first call shows them over this window; afterwards messages show at once.
     void showStartUpMessages();
-    const QStringList &startUpMessages() const { return m_startUpMessages; }
+
     // The slots' clicks and the keys 1 to 3.
     void picCard_Click(int index);
     void Form_KeyPress(int keyAscii);
