@@ -282,12 +282,18 @@ private slots:
         QFETCH(QString, told);
         QVERIFY(m_sandbox.block(SettingsSandbox::Block(block)));
         const QString marks = checkedMarks(m_window->menus);
+        const QPoint pos = m_window->pos();
         trigger(command);
         QCOMPARE(m_window->warnings.size(), 1);
         const QString text = m_window->warnings.first();
         QVERIFY2(text.startsWith(told + m_sandbox.storeFile() + QStringLiteral(": ")), qPrintable(text));
         QCOMPARE(checkedMarks(m_window->menus), marks);
+        QCOMPARE(m_window->pos(), pos);
+        QCOMPARE(m_window->hides, 0);
         QVERIFY(!QFileInfo(m_sandbox.storeFile()).isFile());
+        // Told again at the next try: nothing was mended.
+        trigger(command);
+        QCOMPARE(m_window->warnings, QStringList({text, text}));
     }
 
     void windowsOfTheMenus()

@@ -667,35 +667,6 @@ private slots:
         QVERIFY(saved.contains("sound=true"));
         QCOMPARE(GetReg(User, QStringLiteral("Sound")), QStringLiteral("True"));
     }
-
-    void unreadableOrUnwritableStore_data()
-    {
-        QTest::addColumn<int>("block");
-        QTest::addColumn<bool>("readable");
-        QTest::newRow("file is a folder") << int(SettingsSandbox::FileIsFolder) << false;
-        QTest::newRow("folder is a file") << int(SettingsSandbox::FolderIsFile) << true;
-    }
-    void unreadableOrUnwritableStore()
-    {
-        QFETCH(int, block);
-        QFETCH(bool, readable);
-        QVERIFY(m_sandbox.block(SettingsSandbox::Block(block)));
-        const QPoint pos = m_window->pos();
-
-        const RegFault loaded = m_store->LoadOptions(User);
-        QCOMPARE(loaded.kind, readable ? RegFault::None : RegFault::CannotRead);
-        QCOMPARE(m_window->hides, 0);
-        QCOMPARE(m_window->pos(), pos);
-
-        const RegFault saved = m_store->SaveOptions(User);
-        QCOMPARE(saved.kind, readable ? RegFault::CannotWrite : RegFault::CannotRead);
-        QCOMPARE(saved.path, m_sandbox.storeFile());
-        QVERIFY(!saved.reason.isEmpty());
-        // Nothing was written anywhere, and the next try tells again.
-        QVERIFY(!QFileInfo(m_sandbox.storeFile()).isFile());
-        QCOMPARE(m_store->SaveOptions(User).kind, saved.kind);
-        QVERIFY(m_window->warnings.isEmpty()); // the commands tell the player, in their own words
-    }
 };
 
 int main(int argc, char **argv)
