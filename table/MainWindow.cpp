@@ -23,6 +23,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QResizeEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 
@@ -86,6 +88,7 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_menus.mnuGTakeOver->setEnabled(false);
     setCaption(IdleCaption);
     resize(StartPlayArea.width(), StartPlayArea.height() + menuBar()->sizeHint().height());
+    placeOnDesktop();
     saveDefaultsAtStart();
     mnuCSize_Click(2);
     firstActivation();
@@ -117,15 +120,33 @@ void MainWindow::buildResumeKeys()
     }
 }
 
+void MainWindow::placeOnDesktop()
+{
+    // The window system would choose the first place only once the window is shown, after the
+    // "Default" section has been written; QX chooses it itself, the middle of the desktop, so
+    // that "Default" holds where the window really opens. (The frame is not known yet.)
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    QRect place(QPoint(), size());
+    place.moveCenter(screen->availableGeometry().center());
+    move(place.topLeft());
+}
+
 void MainWindow::saveDefaultsAtStart()
 {
     SetRegApp(QStringLiteral("Brackenfall\\QX"));
-    m_options->SaveOptions(QLatin1String(DefaultSection));
+    const RegFault fault = m_options->SaveOptions(QLatin1String(DefaultSection));
+    // A file that cannot be read is told once, by the load of the "User" section that follows.
+    if (fault.kind == RegFault::CannotWrite)
+        showWarning(OptionsStore::faultText(fault, OptionsStore::AtStart));
 }
 
 void MainWindow::loadUserOptionsAtStart()
 {
-    m_options->LoadOptions(QLatin1String(UserSection));
+    const RegFault fault = m_options->LoadOptions(QLatin1String(UserSection));
+    if (fault.kind != RegFault::None)
+        showWarning(OptionsStore::faultText(fault, OptionsStore::AtStart));
 }
 
 void MainWindow::firstActivation()
@@ -135,6 +156,11 @@ void MainWindow::firstActivation()
     m_activated = true;
     if (QLayout *l = layout())
         l->activate();
+    // The table's first layout (the resize handling) records the base and checks Medium before
+    // the "User" section may change the size; a hidden window's own resize event would come only
+    // when it is shown, after the load.
+    QResizeEvent laidOut(size(), size());
+    resizeEvent(&laidOut);
     loadUserOptionsAtStart();
 }
 

@@ -19,6 +19,8 @@
 #include <QShortcut>
 #include <QTimer>
 
+#include <utility>
+
 namespace qx {
 
 // ---- Card slots ----
@@ -212,6 +214,24 @@ void MainWindow::abandonGame()
 {
     m_engine->AbandonGame();
     refreshStrikeMarks();
+}
+
+void MainWindow::showWarning(const QString &text)
+{
+    if (!m_startedUp) {
+        m_startUpMessages.append(text);
+        return;
+    }
+    OptionsTarget::showWarning(text);
+}
+
+void MainWindow::showStartUpMessages()
+{
+    if (m_startedUp)
+        return;
+    m_startedUp = true;
+    for (const QString &text : std::exchange(m_startUpMessages, {}))
+        OptionsTarget::showWarning(text);
 }
 
 void MainWindow::showCardBackChooser() { cardBackChooser()->exec(); }
