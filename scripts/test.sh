@@ -43,6 +43,7 @@ echo "link fuzzer: no findings"
 # Each input is a whole session of fake guests against the lobby and a game. Leaks are the
 # sanitized suite's to find: Qt's font cache, filled inside some input, would read as one here.
 (cd "$fuzz" && QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 bin/host_fuzzer -max_total_time="$seconds" -print_final_stats=1 \
-  -timeout=60 -rss_limit_mb=1536 -max_len=2048 -detect_leaks=0 host-corpus 2>&1 | tail -n 12)
+  -timeout=60 -rss_limit_mb=1536 -max_len=2048 -detect_leaks=0 host-corpus "$root/net/lobby/fuzz/seeds" 2>&1 \
+  | tail -n 12)
 echo "host fuzzer: no findings"
 echo "qx: $((normal + sanitized)) passed, 0 failed"
