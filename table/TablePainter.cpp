@@ -3,6 +3,7 @@
 #include "GameState.h"
 #include "ScoreTally.h"
 #include "SeatName.h"
+#include "StockCount.h"
 #include "TableColours.h"
 
 #include <QFontMetricsF>
@@ -120,13 +121,12 @@ void TablePainter::paintStock()
         p.drawRoundedRect(r.translated(0.007 * u * i, 0.007 * u * i), radius, radius);
     }
 
-    if (!s.state.gameRunning() && s.state.Total < 0)
+    const QString count = stockCountText(s.state);
+    if (count.isEmpty())
         return;
-    const int left = std::max(0, s.state.stockSize() - s.state.DeckPos + 1);
     p.setFont(font(0.032 * u));
     p.setPen(ink(s.felt, 190));
-    p.drawText(s.layout.stockCount, Qt::AlignCenter,
-               left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left));
+    p.drawText(s.layout.stockCount, Qt::AlignCenter, count);
 }
 
 void TablePainter::paintSeats()
