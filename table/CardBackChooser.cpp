@@ -66,8 +66,6 @@ void CardBackChooser::load()
     m_pictures.clear();
 
     const QSize cell = CardArt::DesignCell;
-    m_pictures.push_back(CardArt::renderBuiltinBack(cell));
-
     QDir dir(m_folder);
     // Plain string order, so that the number of a back is its place in this list every time.
     QStringList names = dir.entryList({QStringLiteral("deck*.bmp")}, QDir::Files, QDir::NoSort);
@@ -82,6 +80,9 @@ void CardBackChooser::load()
         m_files.append(name);
         m_pictures.push_back(image);
     }
+    // The built-in back is there for a folder without back files, and then stands alone.
+    if (m_pictures.empty())
+        m_pictures.push_back(CardArt::renderBuiltinBack(cell));
 
     for (int i = 0; i < count(); ++i) {
         auto *tile = new BackTile(i, this);

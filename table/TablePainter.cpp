@@ -26,11 +26,27 @@ QStringList messageLines(const QString &text)
 
 } // namespace
 
-QFont TablePainter::font(qreal pixels, bool bold) const
+QFont TablePainter::tableFont(qreal pixels, bool bold)
 {
     QFont f(QStringLiteral("DejaVu Sans"));
     f.setPixelSize(std::max(6, qRound(pixels)));
     f.setBold(bold);
+    return f;
+}
+
+QFont TablePainter::font(qreal pixels, bool bold) const { return tableFont(pixels, bold); }
+
+QFont TablePainter::stockCountFont(const TableLayout &layout, const QString &text)
+{
+    // Whole or not at all: the count shrinks until it fits its place, down to the least that reads.
+    const QRectF room(layout.stockCount);
+    QFont f = tableFont(0.032 * layout.unit);
+    while (f.pixelSize() > 6) {
+        const QRectF needed = QFontMetricsF(f).boundingRect(room, Qt::AlignCenter, text);
+        if (room.contains(needed))
+            break;
+        f.setPixelSize(f.pixelSize() - 1);
+    }
     return f;
 }
 
@@ -123,10 +139,10 @@ void TablePainter::paintStock()
     if (!s.state.gameRunning() && s.state.Total < 0)
         return;
     const int left = std::max(0, s.state.stockSize() - s.state.DeckPos + 1);
-    p.setFont(font(0.032 * u));
+    const QString text = left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left);
+    p.setFont(stockCountFont(s.layout, text));
     p.setPen(ink(s.felt, 190));
-    p.drawText(s.layout.stockCount, Qt::AlignCenter,
-               left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left));
+    p.drawText(s.layout.stockCount, Qt::AlignCenter, text);
 }
 
 void TablePainter::paintSeats()
@@ -161,7 +177,7 @@ void TablePainter::paintSeat(int seat, const QRect &plate)
         p.setBrush(fill);
         p.setPen(QPen(QColor(150, 100, 20), std::max(1.0, h * 0.03)));
     } else {
-        p.setBrush(QColor(0, 0, 0, out ? 55 : 115));
+        p.setBrush(veil(s.felt, out ? 55 : 115));
         QColor edge = s.felt.lighter(170);
         edge.setAlpha(out ? 50 : 110);
         p.setPen(QPen(edge, std::max(1.0, h * 0.02)));
@@ -244,7 +260,7 @@ void TablePainter::paintMessage()
     const QRectF banner(area.center().x() - bannerW / 2, area.bottom() - bannerH, bannerW, bannerH);
 
     p.setPen(hint ? Qt::NoPen : QPen(QColor(255, 255, 255, 60), std::max(1.0, 0.003 * u)));
-    p.setBrush(QColor(0, 0, 0, hint ? 60 : 120));
+    p.setBrush(veil(s.felt, hint ? 60 : 120));
     p.drawRoundedRect(banner, bannerH * 0.3, bannerH * 0.3);
     p.setFont(f);
     p.setPen(hint ? QColor(255, 255, 255, 200) : Cream);
@@ -291,7 +307,7 @@ void TablePainter::paintTally()
     const QRectF panel(area.left(), area.bottom() - h, area.width(), h);
 
     p.setPen(QPen(QColor(255, 255, 255, 45), 1));
-    p.setBrush(QColor(0, 0, 0, 95));
+    p.setBrush(veil(s.felt, 95));
     p.drawRoundedRect(panel, pad, pad);
 
     const QRectF inner = panel.adjusted(pad, pad, -pad, -pad);

@@ -39,6 +39,10 @@ public:
     // The cloth: the felt and the lines printed on it. It changes only with the size and the
     // colour, so the view keeps it and the frames of an animation only copy it.
     static QPixmap paintCloth(const TableLayout &layout, const QColor &felt, qreal dpr);
+    // The font of the stock's count: as large as its place under the stock lets the text be.
+    static QFont stockCountFont(const TableLayout &layout, const QString &text);
+    // The table's type face at a size in pixels (never under 6, the least that reads).
+    static QFont tableFont(qreal pixels, bool bold = false);
 
 private:
     void paintCardBeds();
