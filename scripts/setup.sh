@@ -10,6 +10,7 @@ packages=(
   libbenchmark-dev
   fonts-dejavu-core
   xvfb xauth xdotool imagemagick x11-utils
+  openbox qt6ct
 )
 
 missing=()

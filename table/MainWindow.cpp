@@ -61,6 +61,8 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
 
     m_strikes = new StrikesWindow(m_state, this, m_view);
+    // The built-in colour, "Match Windows": the desktop's own, until the settings say otherwise.
+    applyBackColor(m_backColor);
 
     ask = [this](const QString &text) {
         return QMessageBox::question(this, QStringLiteral("QX"), text, QMessageBox::Yes | QMessageBox::No)

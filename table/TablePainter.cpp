@@ -288,6 +288,22 @@ void TablePainter::paintKeys()
     }
 }
 
+TablePainter::TallyHead TablePainter::tallyHead(const TableLayout &layout, int gamesPlayed)
+{
+    const qreal room = layout.tally.width() - 2 * tallyPadding(layout);
+    TallyHead head{tableFont(0.03 * layout.unit * 1.1, true), QStringLiteral("of %1").arg(gamesPlayed)};
+    auto needed = [&] {
+        const QFontMetricsF fm(head.font);
+        return fm.horizontalAdvance(QStringLiteral("Games won")) + fm.horizontalAdvance(QLatin1Char(' '))
+               + fm.horizontalAdvance(head.played);
+    };
+    while (head.font.pixelSize() > 6 && needed() > room)
+        head.font.setPixelSize(head.font.pixelSize() - 1);
+    if (needed() > room)
+        head.played.clear();
+    return head;
+}
+
 void TablePainter::paintTally()
 {
     if (!s.tally)
@@ -295,10 +311,12 @@ void TablePainter::paintTally()
     const qreal u = s.layout.unit;
     const QRectF area(s.layout.tally);
     const qreal px = 0.03 * u;
-    const QFont head = font(px * 1.1, true);
-    const QFont body = font(px);
+    const TallyHead heading = tallyHead(s.layout, s.tally->gamesPlayed());
+    const QFont &head = heading.font;
+    QFont body = font(px);
+    body.setPixelSize(std::min(body.pixelSize(), head.pixelSize()));
     const qreal lineH = QFontMetricsF(body).height() * 1.15;
-    const qreal pad = 0.02 * u;
+    const qreal pad = tallyPadding(s.layout);
 
     const auto rows = s.tally->standings();
     const int room = std::max(0, static_cast<int>((area.height() - 2 * pad - lineH * 1.3) / lineH));
@@ -318,7 +336,7 @@ void TablePainter::paintTally()
     p.setFont(body);
     p.setPen(QColor(255, 255, 255, 170));
     p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignRight | Qt::AlignVCenter,
-               QStringLiteral("of %1").arg(s.tally->gamesPlayed()));
+               heading.played);
 
     qreal y = inner.top() + lineH * 1.3;
     if (rows.empty()) {

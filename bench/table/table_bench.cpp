@@ -5,10 +5,10 @@
 #include "Menus.h"
 #include "NewGameSetup.h"
 
-#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -16,6 +16,7 @@
 #include <cstdio>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 using namespace qx;
 
@@ -30,25 +31,34 @@ double cpuSeconds()
 }
 
 struct Idle {
-    double cpuShare;   // of one core
-    double wakeUps;    // per second
+    double cpuShare; // of one core
+    double wakeUps;  // per second
 };
 
+// The times the program's main thread has gone to sleep and been woken since it started: its
+// voluntary context switches, as the kernel counts them.
+long mainThreadSleeps()
+{
+    QFile status(QStringLiteral("/proc/self/task/%1/status").arg(getpid()));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n'))
+        if (line.startsWith("voluntary_ctxt_switches:"))
+            return line.mid(24).trimmed().toLong();
+    return 0;
+}
+
 // Lets the program run for `seconds` with nobody touching it: the share of one core it used and
-// how often its event loop woke up meanwhile (the benchmark's own end-of-wait timer not counted).
+// how often its main thread woke up meanwhile (the benchmark's own end-of-wait timer not counted).
 Idle whileIdle(double seconds)
 {
-    int wakeUps = 0;
-    QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
-    const QMetaObject::Connection counting =
-        QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, [&wakeUps] { ++wakeUps; });
+    const long sleeps = mainThreadSleeps();
     const double cpu = cpuSeconds();
     QEventLoop loop;
     QTimer::singleShot(int(seconds * 1000), &loop, &QEventLoop::quit);
     loop.exec();
     const double used = cpuSeconds() - cpu;
-    QObject::disconnect(counting);
-    return {used / seconds, std::max(0, wakeUps - 1) / seconds};
+    return {used / seconds, double(std::max(0L, mainThreadSleeps() - sleeps - 1)) / seconds};
 }
 
 void report(const char *what, const Idle &idle)

@@ -76,6 +76,9 @@ void MainWindowTest::startsIdle()
     QCOMPARE(f.w.tmrNetwork()->interval(), 1000);
     QVERIFY(!f.w.tmrNetwork()->isActive());
     QVERIFY(f.w.menus().mnuCSize(2)->isChecked());
+    // "Match Windows" from the start: the cloth is the desktop's button face.
+    QCOMPARE(f.w.backColor(), MainWindow::ButtonFaceColor);
+    QCOMPARE(f.w.playArea()->feltColor(), QApplication::palette().color(QPalette::Button));
     // Keys outside a game are ignored.
     f.w.Form_KeyPress('1');
     QCOMPARE(f.s.CurrentPlayer, int16_t(0));

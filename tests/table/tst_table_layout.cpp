@@ -65,6 +65,12 @@ void TableLayoutTest::nothingOverlaps()
     const QRectF needed = QFontMetricsF(font).boundingRect(QRectF(l.stockCount), Qt::AlignCenter, count);
     QVERIFY2(QRectF(l.stockCount).contains(needed), qPrintable(QStringLiteral("%1 px of text in %2 px")
                                                                   .arg(needed.width()).arg(l.stockCount.width())));
+    // The tally's heading and its count of games stand apart on one line.
+    const TablePainter::TallyHead heading = TablePainter::tallyHead(l, 100);
+    const QFontMetricsF head(heading.font);
+    const qreal headWidth = head.horizontalAdvance(QStringLiteral("Games won ")) + head.horizontalAdvance(heading.played);
+    QVERIFY2(headWidth <= l.tally.width() - 2 * TablePainter::tallyPadding(l),
+             qPrintable(QStringLiteral("%1 px of heading in %2 px").arg(headWidth).arg(l.tally.width())));
 }
 
 void TableLayoutTest::largeFitsTheDesktop_data()
