@@ -28,6 +28,12 @@ public:
     void setFolder(const QString &folder);
     QString folder() const { return m_folder; }
 
+    // The back files of `folder`, in plain string order (not yet read).
+    static QStringList backFiles(const QString &folder);
+    // Back number 0 of `folder` without making the chooser: the first back file that reads, or a
+    // null image when there is none (the built-in back).
+    static QImage firstBack(const QString &folder);
+
     int count() const { return static_cast<int>(m_pictures.size()); }
     QImage picture(int number) const;
     // The files behind the backs, in their order (empty: the built-in back alone).

@@ -147,8 +147,9 @@ void MainWindow::firstActivation()
     m_activated = true;
     if (QLayout *l = layout())
         l->activate();
-    // The back a new player sees: number 0, the first back file.
-    setCardBack(m_state.CardBack);
+    // The back a new player sees: number 0, the first back file. The chooser with all the backs
+    // is made when it is first needed.
+    m_images.setBackPicture(CardBackChooser::firstBack(QCoreApplication::applicationDirPath()));
     loadUserOptionsAtStart();
 }
 
