@@ -31,8 +31,8 @@
 namespace qx {
 
 namespace {
-// The play area's size at the start; the card sizes are scales of it.
-constexpr QSize StartPlayArea(720, 540);
+// Room for a window manager's title bar and borders round the window.
+constexpr QSize WindowFrameAllowance(12, 40);
 const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
 } // namespace
 
@@ -62,6 +62,8 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
 
     m_strikes = new StrikesWindow(m_state, this, m_view);
+    // The built-in colour, "Match Windows": the desktop's own, until the settings say otherwise.
+    applyBackColor(m_backColor);
 
     ask = [this](const QString &text) {
         return QMessageBox::question(this, QStringLiteral("QX"), text, QMessageBox::Yes | QMessageBox::No)
@@ -87,7 +89,12 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_state.NumberOfDecks = 1;
     m_menus.mnuGTakeOver->setEnabled(false);
     setCaption(IdleCaption);
-    resize(StartPlayArea.width(), StartPlayArea.height() + menuBar()->sizeHint().height());
+    // "&Large" doubles the play area: the first size leaves it room on the desktop. The frame is
+    // not known before the window is shown; WindowFrameAllowance stands for it.
+    const int menuHeight = menuBar()->sizeHint().height();
+    const QSize available = screen() ? screen()->availableGeometry().size() : QSize(1600, 1000);
+    const QSize area = TableLayout::startArea(available, WindowFrameAllowance + QSize(0, menuHeight));
+    resize(area.width(), area.height() + menuHeight);
     placeOnDesktop();
     saveDefaultsAtStart();
     mnuCSize_Click(2);
@@ -104,7 +111,11 @@ void MainWindow::connectMenus()
     connect(m_menus.mnuGExit, &QAction::triggered, this, &MainWindow::mnuGExit_Click);
     for (QAction *item : m_menus.sizeItems) {
         const int index = item->data().toInt();
-        connect(item, &QAction::triggered, this, [this, index] { mnuCSize_Click(index); });
+        connect(item, &QAction::triggered, this, [this, item, index] {
+            // Qt has already toggled the item's mark; the command alone decides the marks.
+            item->setChecked(!item->isChecked());
+            mnuCSize_Click(index);
+        });
     }
 }
 
@@ -226,6 +237,8 @@ void MainWindow::mnuGNew_Click()
     if (newGameDialog()->Tag == QLatin1String("CANCEL"))
         return;
 
+    // A strike window the player closed comes back with the new game.
+    showStrikeWindow();
     const NewGameSetup setup = newGameDialog()->setup();
     if (setup.netMode == NetGuestMode) {
         // This copy's seat: the highest seat that is not the computer's.
@@ -322,6 +335,8 @@ void MainWindow::mnuCSize_Click(int index)
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
+    // A strike window closed through the window manager comes back at the next resize.
+    showStrikeWindow();
     if (!inNormalState())
         return;
     // The marks tell only which command last set the size: any other resize clears them.
@@ -341,9 +356,21 @@ void MainWindow::resizeEvent(QResizeEvent *event)
         refreshStrikeMarks();
 }
 
+void MainWindow::showStrikeWindow()
+{
+    if (!isVisible() || isMinimized() || m_quitting || m_strikes->isVisible())
+        return;
+    refreshStrikeMarks();
+    m_strikes->show();
+}
+
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
+    // "Match Windows" follows the desktop's colour scheme when it changes.
+    const bool newScheme = event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::PaletteChange;
+    if (newScheme && (quint32(m_backColor) & 0x80000000u))
+        applyBackColor(m_backColor);
     if (event->type() != QEvent::WindowStateChange)
         return;
     // The strike marks go away with a minimised window and come back with it.

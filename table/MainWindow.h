@@ -160,6 +160,8 @@ private:
     void endProgram();
     void noteWinner();
     bool inNormalState() const;
+    // Shows the strike window beside a shown, not minimised main window, if it is not shown.
+    void showStrikeWindow();
     CardSlot *slotOf(int slot) const;
 
     GameState m_state;
