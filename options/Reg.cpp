@@ -130,7 +130,7 @@ private:
     // The key as the file spells it, or as the game spells it when the file does not have it.
     QString storedKey(const QString &section, const QString &key) const
     {
-        const QString full = section + QLatin1Char('/') + key;
+        QString full = section + QLatin1Char('/') + key;
         if (m_settings->contains(full))
             return full;
         const QStringList keys = m_settings->allKeys();
