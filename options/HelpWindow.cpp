@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QToolButton>
@@ -89,9 +90,21 @@ QString HelpWindow::pageOf(int topic)
     }
 }
 
+QString HelpWindow::pathOf(int topic) const
+{
+    // The translated pages live in a folder named by the language ("de", "fr"); a language the
+    // help has not been translated into reads the English pages.
+    const QString page = pageOf(topic);
+    const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
+    const QString translated = m_folder + QLatin1Char('/') + language + QLatin1Char('/') + page;
+    if (!language.isEmpty() && QFileInfo::exists(translated))
+        return translated;
+    return m_folder + QLatin1Char('/') + page;
+}
+
 void HelpWindow::showTopic(int topic)
 {
-    m_browser->setSource(QUrl::fromLocalFile(m_folder + QLatin1Char('/') + pageOf(topic)));
+    m_browser->setSource(QUrl::fromLocalFile(pathOf(topic)));
     show();
     raise();
     activateWindow();
