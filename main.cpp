@@ -20,6 +20,9 @@ int main(int argc, char *argv[])
     qx::MainWindow window;
     window.show();
     splash.close();
+    // What the start has to tell (settings QX cannot use) comes over the main window, never
+    // under the splash.
+    window.showStartUpMessages();
 
     qx::quitWhenShownIfAsked();
     qx::printCaptionsWhenShownIfAsked(window);

@@ -32,6 +32,9 @@ bool fail(const QString &message)
 
 bool writeBacks(const QDir &folder, int count)
 {
+    // deck1.bmp comes first in the chooser's plain string order (deck1, deck10, deck2, ...): it is
+    // back number 0, the one a new player sees, so design 1 is the best of the designs.
+
     for (int design = 1; design <= count; ++design) {
         // BMP has no transparency: the corners outside the rounded card are white.
         QImage file(BackFileSize, QImage::Format_RGB32);

@@ -61,17 +61,26 @@ void OptionsCommands::connectChoices()
 
 void OptionsCommands::connectCommands()
 {
-    connect(m_menus.mnuORestore, &QAction::triggered, this,
-            [this] { m_store.LoadOptions(QLatin1String(UserSection)); });
-    connect(m_menus.mnuORestoreDefault, &QAction::triggered, this,
-            [this] { m_store.LoadOptions(QLatin1String(DefaultSection)); });
-    connect(m_menus.mnuOSave, &QAction::triggered, this,
-            [this] { m_store.SaveOptions(QLatin1String(UserSection)); });
+    connect(m_menus.mnuORestore, &QAction::triggered, this, [this] {
+        tellFault(m_store.LoadOptions(QLatin1String(UserSection)), OptionsStore::AtRestore);
+    });
+    connect(m_menus.mnuORestoreDefault, &QAction::triggered, this, [this] {
+        tellFault(m_store.LoadOptions(QLatin1String(DefaultSection)), OptionsStore::AtRestore);
+    });
+    connect(m_menus.mnuOSave, &QAction::triggered, this, [this] {
+        tellFault(m_store.SaveOptions(QLatin1String(UserSection)), OptionsStore::AtSave);
+    });
     connect(m_menus.mnuCBack, &QAction::triggered, this, [this] { m_target.showCardBackChooser(); });
     connect(m_menus.mnuAbout, &QAction::triggered, this, [this] { m_target.showAbout(); });
     connect(m_menus.mnuHContents, &QAction::triggered, this, [this] { showHelpTopic(HelpWindow::Contents); });
     connect(m_menus.mnuHRules, &QAction::triggered, this, [this] { showHelpTopic(HelpWindow::Rules); });
     connect(m_menus.mnuHStrategy, &QAction::triggered, this, [this] { showHelpTopic(HelpWindow::Strategy); });
+}
+
+void OptionsCommands::tellFault(const RegFault &fault, OptionsStore::Moment moment)
+{
+    if (fault.kind != RegFault::None)
+        m_target.showWarning(OptionsStore::faultText(fault, moment));
 }
 
 void OptionsCommands::setGuestMenusEnabled(bool enabled)
@@ -124,12 +133,17 @@ void OptionsCommands::mnuOCMatch_Click()
 void OptionsCommands::mnuOCCustom_Click()
 {
     if (!m_colorDialog) {
-        m_colorDialog = new QColorDialog(BackColor::toQColor(m_target.backColor()), m_target.optionsWindow());
+        m_chosenColor = BackColor::toQColor(m_target.backColor());
+        m_colorDialog = new QColorDialog(m_chosenColor, m_target.optionsWindow());
         m_colorDialog->setWindowTitle(QStringLiteral("Background Color"));
     }
+    m_colorDialog->setCurrentColor(m_chosenColor);
     m_target.runDialog(*m_colorDialog);
-    // Cancelling is not a refusal: the colour the chooser holds is applied all the same.
-    applyBackColor(BackColor::fromQColor(m_colorDialog->currentColor()), m_menus.mnuOCCustom);
+    // Cancel still applies a colour, but the one last chosen with OK (the chooser's first colour
+    // the first time): a colour merely browsed before cancelling was never chosen.
+    if (m_colorDialog->result() == QDialog::Accepted)
+        m_chosenColor = m_colorDialog->currentColor();
+    applyBackColor(BackColor::fromQColor(m_chosenColor), m_menus.mnuOCCustom);
 }
 
 void OptionsCommands::applyBackColor(qint32 color, QAction *chosen)

@@ -3,6 +3,7 @@
 #include "Menus.h"
 
 #include "HelpWindow.h"
+#include "OptionsStore.h"
 
 #include <QColorDialog>
 #include <QObject>
@@ -13,7 +14,6 @@ class QAction;
 namespace qx {
 
 struct GameState;
-class OptionsStore;
 class OptionsTarget;
 
 // The commands of the Options menu, the Card Back item of the Cards menu and the Help menu.
@@ -42,13 +42,15 @@ public:
     void setHelpFolder(const QString &folder) { m_helpFolder = folder; }
     // The help window, once a help topic has been opened.
     HelpWindow *helpWindow() const { return m_help; }
-    // The colour chooser, once Custom has been chosen; it remembers its last colour.
+    // The colour chooser, once Custom has been chosen; it opens on the colour last chosen with OK.
     QColorDialog *colorDialog() const { return m_colorDialog; }
 
 private:
     void connectSwitches();
     void connectChoices();
     void connectCommands();
+    // Tells the player of trouble with the settings file.
+    void tellFault(const RegFault &fault, OptionsStore::Moment moment);
     // Sets the background colour and leaves exactly `chosen` of the three colour items checked.
     void applyBackColor(qint32 color, QAction *chosen);
 
@@ -59,6 +61,7 @@ private:
     QString m_helpFolder;
     QPointer<HelpWindow> m_help;
     QPointer<QColorDialog> m_colorDialog;
+    QColor m_chosenColor;
 };
 
 } // namespace qx

@@ -51,6 +51,11 @@ QString boolText(bool value)
 
 double leadingNumber(QStringView text)
 {
+    return numberAtStart(text).value_or(0.0);
+}
+
+std::optional<double> numberAtStart(QStringView text)
+{
     qsizetype i = 0;
     const qsizetype n = text.size();
     while (i < n && (text[i] == QLatin1Char(' ') || text[i] == QLatin1Char('\t')))
@@ -77,7 +82,7 @@ double leadingNumber(QStringView text)
         }
     }
     if (!anyDigit)
-        return 0.0;
+        return std::nullopt;
 
     bool negativeExponent = false;
     if (i < n && QStringLiteral("eEdD").contains(text[i])) {

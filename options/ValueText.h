@@ -19,6 +19,8 @@ QString boolText(bool value);
 // point and an exponent (E or D); 0 when the text does not start with a number ("Not Used" is 0).
 // Overflowing exponents give an infinity, which no target accepts.
 double leadingNumber(QStringView text);
+// The same number, or nothing when the text does not start with one ("abc", "Not Used", "-").
+std::optional<double> numberAtStart(QStringView text);
 
 // Rounds half to even (2.5 -> 2, 3.5 -> 4), then checks the target's range. Empty when the
 // number does not fit.

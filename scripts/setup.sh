@@ -13,6 +13,7 @@ packages=(
   xvfb xauth xdotool imagemagick x11-utils
   iproute2  # the end-to-end game across two network namespaces (skipped without it)
   dpkg-dev file appstream lintian
+  openbox qt6ct
 )
 
 missing=()

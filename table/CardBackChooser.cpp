@@ -66,14 +66,9 @@ void CardBackChooser::load()
     m_pictures.clear();
 
     const QSize cell = CardArt::DesignCell;
-    m_pictures.push_back(CardArt::renderBuiltinBack(cell));
-
-    QDir dir(m_folder);
-    // Plain string order, so that the number of a back is its place in this list every time.
-    QStringList names = dir.entryList({QStringLiteral("deck*.bmp")}, QDir::Files, QDir::NoSort);
-    std::sort(names.begin(), names.end());
+    const QDir dir(m_folder);
     m_files.clear();
-    for (const QString &name : names) {
+    for (const QString &name : backFiles(m_folder)) {
         if (static_cast<int>(m_pictures.size()) >= MaxBacks)
             break;
         QImage image(dir.filePath(name));
@@ -82,6 +77,9 @@ void CardBackChooser::load()
         m_files.append(name);
         m_pictures.push_back(image);
     }
+    // The built-in back is there for a folder without back files, and then stands alone.
+    if (m_pictures.empty())
+        m_pictures.push_back(CardArt::renderBuiltinBack(cell));
 
     for (int i = 0; i < count(); ++i) {
         auto *tile = new BackTile(i, this);
@@ -95,6 +93,25 @@ void CardBackChooser::load()
     const int columns = std::min(count(), Columns);
     const int rows = (count() + Columns - 1) / Columns;
     setFixedSize(Spacing + columns * (Spacing + cell.width()), Spacing + rows * (Spacing + cell.height()));
+}
+
+QStringList CardBackChooser::backFiles(const QString &folder)
+{
+    // Plain string order, so that the number of a back is its place in this list every time.
+    QStringList names = QDir(folder).entryList({QStringLiteral("deck*.bmp")}, QDir::Files, QDir::NoSort);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+QImage CardBackChooser::firstBack(const QString &folder)
+{
+    const QDir dir(folder);
+    for (const QString &name : backFiles(folder)) {
+        QImage image(dir.filePath(name));
+        if (!image.isNull())
+            return image;
+    }
+    return {};
 }
 
 QImage CardBackChooser::picture(int number) const

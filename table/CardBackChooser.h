@@ -10,9 +10,9 @@ namespace qx {
 
 class BackTile;
 
-// frmCardBack, "Choose a card back": the built-in back (number 0) and the deck*.bmp pictures
-// of the program's folder in plain string order of their names (at most 37 backs in all), in a
-// grid of six columns. A click chooses a back and hides the chooser.
+// frmCardBack, "Choose a card back": the deck*.bmp pictures of the program's folder in plain
+// string order of their names, numbered from 0 (at most 37), or the built-in back alone when the
+// folder holds none; in a grid of six columns. A click chooses a back and hides the chooser.
 class CardBackChooser : public QDialog {
     Q_OBJECT
 public:
@@ -28,9 +28,15 @@ public:
     void setFolder(const QString &folder);
     QString folder() const { return m_folder; }
 
+    // The back files of `folder`, in plain string order (not yet read).
+    static QStringList backFiles(const QString &folder);
+    // Back number 0 of `folder` without making the chooser: the first back file that reads, or a
+    // null image when there is none (the built-in back).
+    static QImage firstBack(const QString &folder);
+
     int count() const { return static_cast<int>(m_pictures.size()); }
     QImage picture(int number) const;
-    // The files behind backs 1 and up, in their order.
+    // The files behind the backs, in their order (empty: the built-in back alone).
     QStringList fileNames() const { return m_files; }
     // The element that shows back `number` (picDeck(number)).
     QWidget *picDeck(int number) const;

@@ -23,14 +23,16 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QResizeEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 
 namespace qx {
 
 namespace {
-// The play area's size at the start; the card sizes are scales of it.
-constexpr QSize StartPlayArea(720, 540);
+// Room for a window manager's title bar and borders round the window.
+constexpr QSize WindowFrameAllowance(12, 40);
 const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
 } // namespace
 
@@ -60,6 +62,8 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     connect(m_tmrNetwork, &QTimer::timeout, this, &MainWindow::tmrNetwork_Timer);
 
     m_strikes = new StrikesWindow(m_state, this, m_view);
+    // The built-in colour, "Match Windows": the desktop's own, until the settings say otherwise.
+    applyBackColor(m_backColor);
 
     ask = [this](const QString &text) {
         return QMessageBox::question(this, QStringLiteral("QX"), text, QMessageBox::Yes | QMessageBox::No)
@@ -85,7 +89,13 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_state.NumberOfDecks = 1;
     m_menus.mnuGTakeOver->setEnabled(false);
     setCaption(IdleCaption);
-    resize(StartPlayArea.width(), StartPlayArea.height() + menuBar()->sizeHint().height());
+    // "&Large" doubles the play area: the first size leaves it room on the desktop. The frame is
+    // not known before the window is shown; WindowFrameAllowance stands for it.
+    const int menuHeight = menuBar()->sizeHint().height();
+    const QSize available = screen() ? screen()->availableGeometry().size() : QSize(1600, 1000);
+    const QSize area = TableLayout::startArea(available, WindowFrameAllowance + QSize(0, menuHeight));
+    resize(area.width(), area.height() + menuHeight);
+    placeOnDesktop();
     saveDefaultsAtStart();
     mnuCSize_Click(2);
     firstActivation();
@@ -101,7 +111,11 @@ void MainWindow::connectMenus()
     connect(m_menus.mnuGExit, &QAction::triggered, this, &MainWindow::mnuGExit_Click);
     for (QAction *item : m_menus.sizeItems) {
         const int index = item->data().toInt();
-        connect(item, &QAction::triggered, this, [this, index] { mnuCSize_Click(index); });
+        connect(item, &QAction::triggered, this, [this, item, index] {
+            // Qt has already toggled the item's mark; the command alone decides the marks.
+            item->setChecked(!item->isChecked());
+            mnuCSize_Click(index);
+        });
     }
 }
 
@@ -117,15 +131,33 @@ void MainWindow::buildResumeKeys()
     }
 }
 
+void MainWindow::placeOnDesktop()
+{
+    // The window system would choose the first place only once the window is shown, after the
+    // "Default" section has been written; QX chooses it itself, the middle of the desktop, so
+    // that "Default" holds where the window really opens. (The frame is not known yet.)
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    if (!screen)
+        return;
+    QRect place(QPoint(), size());
+    place.moveCenter(screen->availableGeometry().center());
+    move(place.topLeft());
+}
+
 void MainWindow::saveDefaultsAtStart()
 {
     SetRegApp(QStringLiteral("Brackenfall\\QX"));
-    m_options->SaveOptions(QLatin1String(DefaultSection));
+    const RegFault fault = m_options->SaveOptions(QLatin1String(DefaultSection));
+    // A file that cannot be read is told once, by the load of the "User" section that follows.
+    if (fault.kind == RegFault::CannotWrite)
+        showWarning(OptionsStore::faultText(fault, OptionsStore::AtStart));
 }
 
 void MainWindow::loadUserOptionsAtStart()
 {
-    m_options->LoadOptions(QLatin1String(UserSection));
+    const RegFault fault = m_options->LoadOptions(QLatin1String(UserSection));
+    if (fault.kind != RegFault::None)
+        showWarning(OptionsStore::faultText(fault, OptionsStore::AtStart));
 }
 
 void MainWindow::firstActivation()
@@ -135,6 +167,11 @@ void MainWindow::firstActivation()
     m_activated = true;
     if (QLayout *l = layout())
         l->activate();
+    // The table's first layout (the resize handling) records the base and checks Medium before
+    // the "User" section may change the size; a hidden window's own resize event would come only
+    // when it is shown, after the load.
+    QResizeEvent laidOut(size(), size());
+    resizeEvent(&laidOut);
     loadUserOptionsAtStart();
 }
 
@@ -200,6 +237,8 @@ void MainWindow::mnuGNew_Click()
     if (newGameDialog()->Tag == QLatin1String("CANCEL"))
         return;
 
+    // A strike window the player closed comes back with the new game.
+    showStrikeWindow();
     const NewGameSetup setup = newGameDialog()->setup();
     if (setup.netMode == NetGuestMode) {
         // This copy's seat: the highest seat that is not the computer's.
@@ -296,6 +335,8 @@ void MainWindow::mnuCSize_Click(int index)
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
+    // A strike window closed through the window manager comes back at the next resize.
+    showStrikeWindow();
     if (!inNormalState())
         return;
     // The marks tell only which command last set the size: any other resize clears them.
@@ -315,9 +356,21 @@ void MainWindow::resizeEvent(QResizeEvent *event)
         refreshStrikeMarks();
 }
 
+void MainWindow::showStrikeWindow()
+{
+    if (!isVisible() || isMinimized() || m_quitting || m_strikes->isVisible())
+        return;
+    refreshStrikeMarks();
+    m_strikes->show();
+}
+
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
+    // "Match Windows" follows the desktop's colour scheme when it changes.
+    const bool newScheme = event->type() == QEvent::ApplicationPaletteChange || event->type() == QEvent::PaletteChange;
+    if (newScheme && (quint32(m_backColor) & 0x80000000u))
+        applyBackColor(m_backColor);
     if (event->type() != QEvent::WindowStateChange)
         return;
     // The strike marks go away with a minimised window and come back with it.

@@ -12,6 +12,7 @@
 
 #include <QImage>
 #include <QMainWindow>
+#include <QStringList>
 
 #include <array>
 #include <functional>
@@ -89,6 +90,11 @@ public:
     void mnuGTakeOver_Click();
     void mnuGExit_Click();
     void mnuCSize_Click(int index);
+
+    // Messages of the start (trouble with the settings file, values QX cannot use) wait until the
+    // splash has gone: the first call shows them over this window; afterwards messages show at once.
+    void showStartUpMessages();
+
     // The slots' clicks and the keys 1 to 3.
     void picCard_Click(int index);
     void Form_KeyPress(int keyAscii);
@@ -133,6 +139,7 @@ public:
     void showCardBackChooser() override;
     void showAbout() override;
     bool askYesNo(const QString &text) override { return ask(text); }
+    void showWarning(const QString &text) override;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -149,9 +156,12 @@ private:
     void saveDefaultsAtStart();
     void loadUserOptionsAtStart();
     void firstActivation();
+    void placeOnDesktop();
     void endProgram();
     void noteWinner();
     bool inNormalState() const;
+    // Shows the strike window beside a shown, not minimised main window, if it is not shown.
+    void showStrikeWindow();
     CardSlot *slotOf(int slot) const;
 
     GameState m_state;
@@ -189,6 +199,8 @@ private:
     int m_commandedIndex = 0;
 
     bool m_activated = false;
+    bool m_startedUp = false;
+    QStringList m_startUpMessages;
     bool m_quitting = false;
 };
 

@@ -19,6 +19,8 @@
 #include <QShortcut>
 #include <QTimer>
 
+#include <utility>
+
 namespace qx {
 
 // ---- Card slots ----
@@ -184,8 +186,9 @@ void MainWindow::applyBackColor(qint32 value)
     const QColor color = BackColor::toQColor(value);
     // The play area covers the whole client area, so the window's own palette is left alone: the
     // menus and the dialogs, its children, keep the desktop's colours.
-    // The desktop's colour leaves the cloth its own green; any other colour dyes the cloth.
-    m_view->setFeltColor(value == ButtonFaceColor ? QColor() : color);
+    // Every colour dyes the cloth, the desktop's button face ("Match Windows") too; the cloth
+    // keeps its shading and the table's marks take the ink that reads on it.
+    m_view->setFeltColor(color);
     m_strikes->setBackColor(color);
     QPalette button = m_view->cmdContinue()->palette();
     button.setColor(QPalette::Button, color);
@@ -200,7 +203,9 @@ int MainWindow::cardBackCount() const
 void MainWindow::setCardBack(int number)
 {
     CardBackChooser *chooser = cardBackChooser();
-    m_images.setBackPicture(number <= 0 ? QImage() : chooser->picture(number));
+    // Without back files the built-in back stands alone, drawn at each size rather than scaled.
+    const QImage picture = chooser->picture(number);
+    m_images.setBackPicture(chooser->fileNames().isEmpty() ? QImage() : picture.isNull() ? chooser->picture(0) : picture);
     m_state.CardBack = static_cast<int16_t>(number);
     for (int i = 0; i <= DeckSlot; ++i)
         m_view->slot(i)->update();
@@ -212,6 +217,24 @@ void MainWindow::abandonGame()
 {
     m_engine->AbandonGame();
     refreshStrikeMarks();
+}
+
+void MainWindow::showWarning(const QString &text)
+{
+    if (!m_startedUp) {
+        m_startUpMessages.append(text);
+        return;
+    }
+    OptionsTarget::showWarning(text);
+}
+
+void MainWindow::showStartUpMessages()
+{
+    if (m_startedUp)
+        return;
+    m_startedUp = true;
+    for (const QString &text : std::exchange(m_startUpMessages, {}))
+        OptionsTarget::showWarning(text);
 }
 
 void MainWindow::showCardBackChooser() { cardBackChooser()->exec(); }

@@ -1,10 +1,11 @@
 #include "StrikesWindow.h"
 
 #include "GameState.h"
+#include "TableColours.h"
 
+#include <QApplication>
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -12,10 +13,9 @@ namespace qx {
 
 namespace {
 constexpr int TwipsPerPixel = 15;
-// The sixteen-colour palette's entries the marks are drawn in.
-const QColor QBBlack(0, 0, 0);
-const QColor QBDarkGrey(128, 128, 128);
+// The sixteen-colour palette's light red, and a darker red for light backgrounds.
 const QColor QBLightRed(255, 0, 0);
+const QColor DeepRed(160, 0, 0);
 
 QString marksText(int strikes)
 {
@@ -35,12 +35,7 @@ StrikesWindow::StrikesWindow(const GameState &state, QWidget *mainWindow, const 
     setWindowTitle(QStringLiteral("Strikes"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     resize(132, 339);
-
-    tmrKeepPos = new QTimer(this);
-    tmrKeepPos->setObjectName(QStringLiteral("tmrKeepPos"));
-    tmrKeepPos->setInterval(100);
-    connect(tmrKeepPos, &QTimer::timeout, this, &StrikesWindow::tmrKeepPos_Timer);
-    tmrKeepPos->start();
+    m_main->installEventFilter(this);
 }
 
 int StrikesWindow::fontSizeFor(QSize clientPixels)
@@ -56,16 +51,58 @@ void StrikesWindow::setBackColor(const QColor &color)
     update();
 }
 
-void StrikesWindow::tmrKeepPos_Timer()
+bool StrikesWindow::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched != m_main)
+        return QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::Show:
+        m_unansweredSnaps = 0;
+        keepPos();
+        break;
+    case QEvent::Paint:
+        // The window manager's frame round the main window arrives after it is shown, and moves
+        // its edge without a move event; the window is painted then, and a look costs nothing.
+        keepPos();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void StrikesWindow::moveEvent(QMoveEvent *event)
+{
+    QWidget::moveEvent(event);
+    keepPos();
+}
+
+void StrikesWindow::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    m_unansweredSnaps = 0;
+    keepPos();
+}
+
+void StrikesWindow::keepPos()
+{
+    // A hidden window is left where it is until it is shown again.
     if (!isVisible())
         return;
     const QRect main = m_main->frameGeometry();
     const QPoint wanted(main.left() + main.width(), main.top());
-    if (pos() != wanted) {
-        move(wanted);
-        raise();
+    if (pos() == wanted) {
+        m_unansweredSnaps = 0;
+        return;
     }
+    if (++m_unansweredSnaps > 3)
+        return;
+    move(wanted);
+    // Never over a message or dialog that waits for the player.
+    if (!QApplication::activeModalWidget())
+        raise();
 }
 
 QFont StrikesWindow::marksFont() const
@@ -102,7 +139,20 @@ void StrikesWindow::resizeEvent(QResizeEvent *) { update(); }
 void StrikesWindow::paintEvent(QPaintEvent *)
 {
     QPainter p(this);
-    p.fillRect(rect(), m_back.isValid() ? m_back : palette().color(QPalette::Window));
+    const QColor back = m_back.isValid() ? m_back : palette().color(QPalette::Window);
+    p.fillRect(rect(), back);
+    // Every background colour may be chosen: the marks take black or white, whichever reads on
+    // it, and the quieter texts (seat numbers, seats that are out) are that ink softened.
+    const QColor ink = colours::inkOn(back);
+    const QColor quiet = colours::blend(ink, back, 0.45);
+    const QColor faded = colours::blend(ink, back, 0.3);
+    QColor red = ink;
+    for (const QColor &candidate : {QBLightRed, DeepRed}) {
+        if (colours::contrast(candidate, back) >= 3.0) {
+            red = candidate;
+            break;
+        }
+    }
     p.setRenderHint(QPainter::TextAntialiasing);
     const QFont f = marksFont();
     const QFontMetricsF fm(f);
@@ -114,7 +164,7 @@ void StrikesWindow::paintEvent(QPaintEvent *)
         QFont small = f;
         small.setPointSize(std::max(1, m_pointSize * 2 / 3));
         p.setFont(small);
-        p.setPen(QBDarkGrey);
+        p.setPen(quiet);
         p.drawText(rect().adjusted(0, qRound(t / 4), 0, 0), Qt::AlignHCenter | Qt::AlignTop,
                    QStringLiteral("Strikes"));
         return;
@@ -133,7 +183,7 @@ void StrikesWindow::paintEvent(QPaintEvent *)
         const QString marks = marksText(m_state.Strikes(i));
         const bool out = m_state.Strikes(i) >= StrikesOut;
         p.setFont(numberFont);
-        p.setPen(QBDarkGrey);
+        p.setPen(quiet);
         p.drawText(QPointF(space / 2 + numberW - space - numberMetrics.horizontalAdvance(QString::number(i)),
                            baseline),
                    QString::number(i));
@@ -141,19 +191,19 @@ void StrikesWindow::paintEvent(QPaintEvent *)
         const qreal x = space / 2 + numberW;
         if (i == m_state.CurrentPlayer) {
             // The seat to move stands apart: set in by a blank, on a light-red band the width of
-            // the longest marks, its marks shadowed in dark grey under light red.
+            // the longest marks, its marks red (or the ink, where no red reads) over a shadow.
             const qreal bandW = fm.horizontalAdvance(QStringLiteral("X X X")) + 2 * space;
             QColor band = QBLightRed;
             band.setAlpha(40);
             p.fillRect(QRectF(x, top - t / 8, bandW, t * 1.25), band);
             p.fillRect(QRectF(x, top - t / 8, std::max(2.0, space / 3), t * 1.25), QBLightRed);
             const qreal shift = std::max(1.0, t / 18);
-            p.setPen(QBDarkGrey);
+            p.setPen(colours::blend(quiet, back, 0.4));
             p.drawText(QPointF(x + space + shift, baseline + shift), marks);
-            p.setPen(QBLightRed);
+            p.setPen(red);
             p.drawText(QPointF(x + space, baseline), marks);
         } else {
-            p.setPen(out ? QBDarkGrey : QBBlack);
+            p.setPen(out ? faded : ink);
             p.drawText(QPointF(x, baseline), marks);
         }
     }

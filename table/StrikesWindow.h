@@ -1,16 +1,16 @@
 #pragma once
 
 #include <QColor>
+#include <QPoint>
 #include <QWidget>
-
-class QTimer;
 
 namespace qx {
 
 struct GameState;
 
 // frmStrikes: the strike marks of every seat, in a narrow window that rides along the main
-// window's right edge, tops aligned.
+// window's right edge, tops aligned. It keeps its place by the windows' own move and resize
+// events, so it costs nothing while nobody touches either window.
 class StrikesWindow : public QWidget {
     Q_OBJECT
 public:
@@ -26,14 +26,16 @@ public:
     static int fontSizeFor(QSize clientPixels);
     int fontSize() const { return m_pointSize; }
 
-    QTimer *tmrKeepPos = nullptr;
-
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
-    void tmrKeepPos_Timer();
+    // Puts the window back flush against the main window's right edge, tops aligned.
+    void keepPos();
     QFont marksFont() const;
     void fitToContent();
 
@@ -42,6 +44,9 @@ private:
     const QWidget *m_table;
     int m_pointSize = 8;
     QColor m_back;
+    // Snaps asked for since the window last stood where it belongs: a window manager that will not
+    // let it stand there must not start an endless exchange of moves.
+    int m_unansweredSnaps = 0;
 };
 
 } // namespace qx

@@ -83,7 +83,8 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
     l.stock = l.pile.translated(qRound(cw + gap), 0);
     const qreal badge = 0.19 * u;
     l.total = centred({l.pile.left() - gap - badge / 2, rowY}, badge, badge);
-    l.stockCount = rectF(l.stock.left() - gap / 4, l.stock.bottom() + 0.03 * u, cw + gap / 2, 0.045 * u);
+    // Under the stock and wider than it: on the smallest table its text needs the room.
+    l.stockCount = rectF(l.stock.left() - 1.2 * gap, l.stock.bottom() + 0.03 * u, cw + 2.4 * gap, 0.05 * u);
     const qreal waitSide = 0.075 * u;
     l.wait = centred({l.stock.right() + gap + waitSide / 2, rowY}, waitSide, waitSide);
 
@@ -154,6 +155,19 @@ TableLayout TableLayout::compute(QSize area, int numSeats)
             l.seats.push_back(centred(c, plateW, plateH));
     }
     return l;
+}
+
+QSize TableLayout::startArea(QSize available, QSize chrome)
+{
+    // Areas of 4k x 3k pixels with k even: the table keeps its 4:3 shape and "&Small", half the
+    // area, is whole pixels too.
+    const qreal byWidth = (available.width() - chrome.width()) / 2.0 / 4;
+    const qreal byHeight = (available.height() - chrome.height()) / 2.0 / 3;
+    const int largest = PreferredStartArea.width() / 4;
+    const int smallest = SmallestStartArea.width() / 4;
+    int k = static_cast<int>(std::floor(std::min(byWidth, byHeight)));
+    k = std::clamp(k - k % 2, smallest, largest);
+    return {4 * k, 3 * k};
 }
 
 std::vector<QRect> TableLayout::allRects() const

@@ -33,6 +33,13 @@ struct TableLayout {
 
     static TableLayout compute(QSize area, int numSeats);
 
+    // The play area the window opens with (the "&Medium" size). "&Large" doubles it, so it is
+    // chosen that twice the area, with `chrome` (the window's menu bar and frame) round it, fits
+    // the `available` desktop; never larger than 720 x 540 nor smaller than SmallestStartArea.
+    static QSize startArea(QSize available, QSize chrome);
+    static constexpr QSize PreferredStartArea{720, 540};
+    static constexpr QSize SmallestStartArea{480, 360};
+
     // Every named rectangle (seat plates included), for overlap checks.
     std::vector<QRect> allRects() const;
 };

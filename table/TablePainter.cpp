@@ -3,6 +3,7 @@
 #include "GameState.h"
 #include "ScoreTally.h"
 #include "SeatName.h"
+#include "StockCount.h"
 #include "TableColours.h"
 
 #include <QFontMetricsF>
@@ -26,11 +27,27 @@ QStringList messageLines(const QString &text)
 
 } // namespace
 
-QFont TablePainter::font(qreal pixels, bool bold) const
+QFont TablePainter::tableFont(qreal pixels, bool bold)
 {
     QFont f(QStringLiteral("DejaVu Sans"));
     f.setPixelSize(std::max(6, qRound(pixels)));
     f.setBold(bold);
+    return f;
+}
+
+QFont TablePainter::font(qreal pixels, bool bold) const { return tableFont(pixels, bold); }
+
+QFont TablePainter::stockCountFont(const TableLayout &layout, const QString &text)
+{
+    // Whole or not at all: the count shrinks until it fits its place, down to the least that reads.
+    const QRectF room(layout.stockCount);
+    QFont f = tableFont(0.032 * layout.unit);
+    while (f.pixelSize() > 6) {
+        const QRectF needed = QFontMetricsF(f).boundingRect(room, Qt::AlignCenter, text);
+        if (room.contains(needed))
+            break;
+        f.setPixelSize(f.pixelSize() - 1);
+    }
     return f;
 }
 
@@ -120,13 +137,12 @@ void TablePainter::paintStock()
         p.drawRoundedRect(r.translated(0.007 * u * i, 0.007 * u * i), radius, radius);
     }
 
-    if (!s.state.gameRunning() && s.state.Total < 0)
+    const QString count = stockCountText(s.state);
+    if (count.isEmpty())
         return;
-    const int left = std::max(0, s.state.stockSize() - s.state.DeckPos + 1);
-    p.setFont(font(0.032 * u));
+    p.setFont(stockCountFont(s.layout, count));
     p.setPen(ink(s.felt, 190));
-    p.drawText(s.layout.stockCount, Qt::AlignCenter,
-               left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left));
+    p.drawText(s.layout.stockCount, Qt::AlignCenter, count);
 }
 
 void TablePainter::paintSeats()
@@ -161,7 +177,7 @@ void TablePainter::paintSeat(int seat, const QRect &plate)
         p.setBrush(fill);
         p.setPen(QPen(QColor(150, 100, 20), std::max(1.0, h * 0.03)));
     } else {
-        p.setBrush(QColor(0, 0, 0, out ? 55 : 115));
+        p.setBrush(veil(s.felt, out ? 55 : 115));
         QColor edge = s.felt.lighter(170);
         edge.setAlpha(out ? 50 : 110);
         p.setPen(QPen(edge, std::max(1.0, h * 0.02)));
@@ -244,7 +260,7 @@ void TablePainter::paintMessage()
     const QRectF banner(area.center().x() - bannerW / 2, area.bottom() - bannerH, bannerW, bannerH);
 
     p.setPen(hint ? Qt::NoPen : QPen(QColor(255, 255, 255, 60), std::max(1.0, 0.003 * u)));
-    p.setBrush(QColor(0, 0, 0, hint ? 60 : 120));
+    p.setBrush(veil(s.felt, hint ? 60 : 120));
     p.drawRoundedRect(banner, bannerH * 0.3, bannerH * 0.3);
     p.setFont(f);
     p.setPen(hint ? QColor(255, 255, 255, 200) : Cream);
@@ -272,6 +288,22 @@ void TablePainter::paintKeys()
     }
 }
 
+TablePainter::TallyHead TablePainter::tallyHead(const TableLayout &layout, int gamesPlayed)
+{
+    const qreal room = layout.tally.width() - 2 * tallyPadding(layout);
+    TallyHead head{tableFont(0.03 * layout.unit * 1.1, true), QStringLiteral("of %1").arg(gamesPlayed)};
+    auto needed = [&] {
+        const QFontMetricsF fm(head.font);
+        return fm.horizontalAdvance(QStringLiteral("Games won")) + fm.horizontalAdvance(QLatin1Char(' '))
+               + fm.horizontalAdvance(head.played);
+    };
+    while (head.font.pixelSize() > 6 && needed() > room)
+        head.font.setPixelSize(head.font.pixelSize() - 1);
+    if (needed() > room)
+        head.played.clear();
+    return head;
+}
+
 void TablePainter::paintTally()
 {
     if (!s.tally)
@@ -279,10 +311,12 @@ void TablePainter::paintTally()
     const qreal u = s.layout.unit;
     const QRectF area(s.layout.tally);
     const qreal px = 0.03 * u;
-    const QFont head = font(px * 1.1, true);
-    const QFont body = font(px);
+    const TallyHead heading = tallyHead(s.layout, s.tally->gamesPlayed());
+    const QFont &head = heading.font;
+    QFont body = font(px);
+    body.setPixelSize(std::min(body.pixelSize(), head.pixelSize()));
     const qreal lineH = QFontMetricsF(body).height() * 1.15;
-    const qreal pad = 0.02 * u;
+    const qreal pad = tallyPadding(s.layout);
 
     const auto rows = s.tally->standings();
     const int room = std::max(0, static_cast<int>((area.height() - 2 * pad - lineH * 1.3) / lineH));
@@ -291,7 +325,7 @@ void TablePainter::paintTally()
     const QRectF panel(area.left(), area.bottom() - h, area.width(), h);
 
     p.setPen(QPen(QColor(255, 255, 255, 45), 1));
-    p.setBrush(QColor(0, 0, 0, 95));
+    p.setBrush(veil(s.felt, 95));
     p.drawRoundedRect(panel, pad, pad);
 
     const QRectF inner = panel.adjusted(pad, pad, -pad, -pad);
@@ -302,7 +336,7 @@ void TablePainter::paintTally()
     p.setFont(body);
     p.setPen(QColor(255, 255, 255, 170));
     p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignRight | Qt::AlignVCenter,
-               QStringLiteral("of %1").arg(s.tally->gamesPlayed()));
+               heading.played);
 
     qreal y = inner.top() + lineH * 1.3;
     if (rows.empty()) {

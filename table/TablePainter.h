@@ -39,6 +39,19 @@ public:
     // The cloth: the felt and the lines printed on it. It changes only with the size and the
     // colour, so the view keeps it and the frames of an animation only copy it.
     static QPixmap paintCloth(const TableLayout &layout, const QColor &felt, qreal dpr);
+    // The font of the stock's count: as large as its place under the stock lets the text be.
+    static QFont stockCountFont(const TableLayout &layout, const QString &text);
+    // The tally's heading: "Games won" on the left and "of N" on the right of its inner width,
+    // smaller where both would not fit side by side, and without "of N" where even the smallest
+    // type leaves no room for it (`played` is then empty).
+    struct TallyHead {
+        QFont font;
+        QString played;
+    };
+    static TallyHead tallyHead(const TableLayout &layout, int gamesPlayed);
+    static qreal tallyPadding(const TableLayout &layout) { return 0.02 * layout.unit; }
+    // The table's type face at a size in pixels (never under 6, the least that reads).
+    static QFont tableFont(qreal pixels, bool bold = false);
 
 private:
     void paintCardBeds();

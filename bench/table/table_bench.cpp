@@ -1,6 +1,6 @@
 // The table's running costs, measured in the real main window (offscreen unless a display is set):
-// CPU while the game waits for a person, CPU per second of a computer-only game with animations,
-// and the real frame interval of a card move at each animation speed.
+// CPU and event-loop wake-ups while the game waits for a person, CPU per second of a computer-only
+// game with animations, and the real frame interval of a card move at each animation speed.
 #include "MainWindow.h"
 #include "Menus.h"
 #include "NewGameSetup.h"
@@ -8,12 +8,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 using namespace qx;
 
@@ -27,14 +30,40 @@ double cpuSeconds()
         + double(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
 }
 
-// Lets the program run for `seconds` and returns the share of one core it used meanwhile.
-double cpuShareWhileIdle(double seconds)
+struct Idle {
+    double cpuShare; // of one core
+    double wakeUps;  // per second
+};
+
+// The times the program's main thread has gone to sleep and been woken since it started: its
+// voluntary context switches, as the kernel counts them.
+long mainThreadSleeps()
 {
+    QFile status(QStringLiteral("/proc/self/task/%1/status").arg(getpid()));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n'))
+        if (line.startsWith("voluntary_ctxt_switches:"))
+            return line.mid(24).trimmed().toLong();
+    return 0;
+}
+
+// Lets the program run for `seconds` with nobody touching it: the share of one core it used and
+// how often its main thread woke up meanwhile (the benchmark's own end-of-wait timer not counted).
+Idle whileIdle(double seconds)
+{
+    const long sleeps = mainThreadSleeps();
     const double cpu = cpuSeconds();
     QEventLoop loop;
     QTimer::singleShot(int(seconds * 1000), &loop, &QEventLoop::quit);
     loop.exec();
-    return (cpuSeconds() - cpu) / seconds;
+    const double used = cpuSeconds() - cpu;
+    return {used / seconds, double(std::max(0L, mainThreadSleeps() - sleeps - 1)) / seconds};
+}
+
+void report(const char *what, const Idle &idle)
+{
+    std::printf("%-28s %5.2f %% of a core, %5.2f wake-ups a second\n", what, 100 * idle.cpuShare, idle.wakeUps);
 }
 
 NewGameSetup seats(int players, int humanSeat)
@@ -60,12 +89,12 @@ int main(int argc, char *argv[])
     for (QAction *pause : menus.mnuOPSelect)
         pause->setChecked(false);
 
-    cpuShareWhileIdle(1); // let the start settle
-    std::printf("idle before a game:          %5.2f %% of a core\n", 100 * cpuShareWhileIdle(5));
+    whileIdle(1); // let the start settle
+    report("idle before a game:", whileIdle(5));
 
     window.engine().StartNewGame(seats(4, 1));
-    cpuShareWhileIdle(1); // the deal and the first paint
-    std::printf("waiting for a human's card:  %5.2f %% of a core\n", 100 * cpuShareWhileIdle(5));
+    whileIdle(1); // the deal and the first paint
+    report("waiting for a human's card:", whileIdle(5));
     window.abandonGame();
 
     // A computer-only game, moves shown and animated at the default speed, for 20 s of play.

@@ -74,7 +74,8 @@ QString GameLines::CreateNetLine()
         line += QString::number(m_state.CurrentPlayer - 1).left(1);
         line += QString::number(m_state.Direction + 1);
         line += QString::number(m_state.NumberOfDecks);
-        line += twoDigits(m_engine.DrawCard());
+        m_lastDrawn = m_engine.DrawCard();
+        line += twoDigits(m_lastDrawn);
     } else {
         line += QLatin1Char('N');
     }
@@ -175,6 +176,7 @@ void GameLines::NetworkGuest(const QString &received)
     QString line = received;
     if (!ProcessNetLine(line))
         return;
+    ++m_guestLines;
     m_table.refreshStrikeMarks();
     m_table.refresh();
 
@@ -184,6 +186,9 @@ void GameLines::NetworkGuest(const QString &received)
     }
     if (m_strikeSeat > 0)
         showGuestStrike();
+    // This guest's own strike is no turn to play: the host deals anew and sends the real turn.
+    if (m_strikeSeat > 0 && m_strikeSeat == m_netSeat)
+        return;
     if (m_state.CurrentPlayer != m_netSeat) {
         const QString &name = m_state.PlayerName(m_state.CurrentPlayer);
         m_table.setCaption((name.isEmpty() ? QString::number(m_state.CurrentPlayer) : name)
@@ -218,9 +223,13 @@ void GameLines::playGuestTurn()
     m_table.showMessage(QStringLiteral("Your Turn"));
     // The player's click fills the pile tag with the slot played and refills that slot with the
     // card of field 5. Taking over or losing the host ends this game instead.
+    // A newer line ends this wait too, so an older wait never sends a second play after it.
     const unsigned game = m_engine.gameSerial();
-    m_table.waitUntil([&] { return !m_state.PileTag.isEmpty() || m_engine.gameSerial() != game; });
-    if (m_engine.gameSerial() != game || m_state.NetMode != NetGuestMode)
+    const unsigned lineSeen = m_guestLines;
+    m_table.waitUntil([&] {
+        return !m_state.PileTag.isEmpty() || m_engine.gameSerial() != game || m_guestLines != lineSeen;
+    });
+    if (m_engine.gameSerial() != game || m_state.NetMode != NetGuestMode || m_guestLines != lineSeen)
         return;
 
     m_table.setTakeOverEnabled(false);
@@ -253,12 +262,7 @@ void GameLines::NetworkHost(const QString &line)
         return;
 
     if (line == QLatin1String("DROP")) {
-        m_table.setNetworkTimer(false);
-        m_table.hideWaitIndicator();
-        const unsigned game = m_engine.gameSerial();
-        m_table.waitUntil([&] { return !m_state.Pausing || m_engine.gameSerial() != game; });
-        if (m_engine.gameSerial() == game)
-            m_engine.TakeOver();
+        dropCurrentSeat();
         return;
     }
     if (!line.startsWith(QLatin1String("PLAY")) || line.size() < 6)
@@ -271,6 +275,9 @@ void GameLines::NetworkHost(const QString &line)
     const int card = slot >= 0 && slot <= 2 ? m_state.Hand(slot, m_state.CurrentPlayer) : -1;
     // A damaged line, or a card the rules would not allow, is ignored: the host keeps waiting.
     if (card < 0 || digits == 0 || !isCard(refill) || !m_engine.isLegal(card))
+        return;
+    // The host keeps the deck: a guest refills only with the card drawn for its turn's line.
+    if (refill != m_lastDrawn)
         return;
 
     m_table.setNetworkTimer(false);
@@ -287,6 +294,18 @@ void GameLines::NetworkHost(const QString &line)
     m_table.waitUntil([&] { return !m_state.Pausing || m_engine.gameSerial() != game; });
     if (m_engine.gameSerial() == game)
         m_engine.PlayTurns();
+}
+
+void GameLines::dropCurrentSeat()
+{
+    if (!m_table.networkTimerEnabled() || !m_state.gameRunning())
+        return;
+    m_table.setNetworkTimer(false);
+    m_table.hideWaitIndicator();
+    const unsigned game = m_engine.gameSerial();
+    m_table.waitUntil([&] { return !m_state.Pausing || m_engine.gameSerial() != game; });
+    if (m_engine.gameSerial() == game)
+        m_engine.TakeOver();
 }
 
 void GameLines::startGuestGame(int seat)

@@ -43,6 +43,9 @@ public:
     bool ProcessNetLine(QString &line);
     // Host: a line from the guest who plays the current seat, or "DROP" when that guest left.
     void NetworkHost(const QString &line);
+    // Host: the guest who plays the seat to move has gone; the computer plays on, whether or
+    // not this copy still calls itself the host (a New Game dialog may be open over the game).
+    void dropCurrentSeat();
     // Guest: a line from the host.
     void NetworkGuest(const QString &line);
 
@@ -52,6 +55,8 @@ public:
 
     int NetSeat() const { return m_netSeat; }
     int StrikeSeat() const { return m_strikeSeat; }
+    // Host: field 5 of the last game line, -1 before the first.
+    int lastDrawn() const { return m_lastDrawn; }
     const QString &parkedLine() const { return m_parkedLine; }
     void clearParkedLine() { m_parkedLine.clear(); }
 
@@ -68,6 +73,8 @@ private:
     std::function<void()> m_endSession;
     int m_netSeat = 0;
     int m_strikeSeat = 0;
+    int m_lastDrawn = -1;       // host: field 5 of the last game line, the only refill a guest can have
+    unsigned m_guestLines = 0;  // guest: lines applied so far; a newer one ends a wait for a card
     QString m_parkedLine; // the network timer's tag: a line received before the guest's game began
 };
 

@@ -70,6 +70,52 @@ LinkReceiver::~LinkReceiver()
     }
 }
 
+void LinkReceiver::reset()
+{
+    if (m_busy) {
+        m_resetRequested = true;
+        m_queued.clear();
+        return;
+    }
+    clearState();
+}
+
+void LinkReceiver::clearState()
+{
+    m_resetRequested = false;
+    m_queued.clear();
+    m_buffer.clear();
+    m_startMarkerKept = false;
+    m_searched = 0;
+    if (m_file) {
+        m_file->close();
+        QFile::remove(m_fileName);
+    }
+    m_file.reset();
+    m_fileName.clear();
+    m_tag.clear();
+    m_bytesRemaining = 0;
+    m_receivingFile = false;
+}
+
+bool LinkReceiver::carryOn(bool alive)
+{
+    if (!alive)
+        return false;
+    if (m_resetRequested) {
+        clearState();
+        return false;
+    }
+    return true;
+}
+
+bool LinkReceiver::refuse()
+{
+    clearState();
+    carryOn(report(m_life, m_handlers.overflow));
+    return false;
+}
+
 void LinkReceiver::setHandlers(LinkHandlers handlers)
 {
     m_handlers = std::move(handlers);
@@ -124,7 +170,8 @@ bool LinkReceiver::parseBuffer()
         start = findMarkerFrom(m_buffer, kept ? 1 + searched : searched);
     if (start < 0) {
         m_searched = m_buffer.size();
-        return true;
+        // Bytes that never reach a marker would otherwise pile up without end.
+        return m_buffer.size() > MaxIncompleteFrame ? refuse() : true;
     }
 
     // Bytes before the start marker are dropped with it.
@@ -142,10 +189,14 @@ bool LinkReceiver::parseBuffer()
             m_buffer.remove(0, pos - 1);
             m_startMarkerKept = true;
             m_searched = m_buffer.size() - 1;
-            return true;
+            // A frame that never ends would otherwise fill the memory: its sender is cut off.
+            return m_buffer.size() > MaxIncompleteFrame ? refuse() : true;
         }
         const QByteArray body = DecodeData(m_buffer.mid(pos, end - pos));
         if (body.at(0) == LinkFileHeader) {
+            // A file larger than this side ever takes would only fill the disk.
+            if (leadingNumber(body.mid(1 + TagLength)) > m_maxFileSize)
+                return refuse();
             startFile(body);
             // Content that came with the header goes to the file, but only from two bytes on: a single
             // byte stays in the frame buffer, as the format has always done.
@@ -166,17 +217,17 @@ bool LinkReceiver::dispatch(const QByteArray &body)
 {
     switch (body.at(0)) {
     case LinkTitle:
-        return report(m_life, m_handlers.title, body.mid(1));
+        return carryOn(report(m_life, m_handlers.title, body.mid(1)));
     case LinkVersion:
-        return report(m_life, m_handlers.version, body.mid(1));
+        return carryOn(report(m_life, m_handlers.version, body.mid(1)));
     case LinkSetupInfo:
-        return report(m_life, m_handlers.setupInfo, body.mid(1));
+        return carryOn(report(m_life, m_handlers.setupInfo, body.mid(1)));
     case LinkData:
-        return report(m_life, m_handlers.data, body.mid(1));
+        return carryOn(report(m_life, m_handlers.data, body.mid(1)));
     case LinkLeave:
-        return report(m_life, m_handlers.leave);
+        return carryOn(report(m_life, m_handlers.leave));
     case LinkWelcome:
-        return report(m_life, m_handlers.welcome);
+        return carryOn(report(m_life, m_handlers.welcome));
     default:
         return true; // unknown codes are ignored without a word
     }
@@ -224,7 +275,7 @@ bool LinkReceiver::receiveFileContent(const QByteArray &data)
         return true;
     const bool alive = report(m_life, m_handlers.file, fileName, tag);
     QFile::remove(fileName);
-    return alive;
+    return carryOn(alive);
 }
 
 } // namespace qx::link

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 class QFile;
@@ -22,6 +23,9 @@ struct LinkHandlers {
     std::function<void(const QString &fileName, const QByteArray &tag)> file;
     std::function<void()> leave;
     std::function<void()> welcome;
+    // The peer overstepped a limit (an endless frame, a file too large); the receive state has been
+    // cleared and the connection must be closed.
+    std::function<void()> overflow;
 };
 
 // The receive state of one connection and the reassembly of its frames. Fed with each arrival of
@@ -33,6 +37,10 @@ struct LinkHandlers {
 // arrival, once the current one is done; a handler may even destroy the receiver.
 class LinkReceiver {
 public:
+    // A frame still waiting for its end marker may grow to this many bytes; past it the peer is
+    // taken for hostile and cut off, so no peer can fill the memory with one endless frame.
+    static constexpr qsizetype MaxIncompleteFrame = 64 * 1024;
+
     explicit LinkReceiver(LinkHandlers handlers = {});
     ~LinkReceiver();
     LinkReceiver(const LinkReceiver &) = delete;
@@ -40,6 +48,13 @@ public:
 
     void setHandlers(LinkHandlers handlers);
     void feed(const QByteArray &arrival);
+    // A file header announcing more bytes than this is an overflow; unlimited unless set.
+    void setMaxFileSize(qint64 bytes) { m_maxFileSize = bytes; }
+    qint64 maxFileSize() const { return m_maxFileSize; }
+    // Forgets everything received: buffer, queued arrivals, the file being received and its
+    // temporary file. Called from a handler, it takes effect as soon as that handler returns and
+    // nothing more of the current arrival is parsed.
+    void reset();
 
     bool receivingFile() const { return m_receivingFile; }
     qint64 bytesRemaining() const { return m_bytesRemaining; }
@@ -54,6 +69,10 @@ private:
     bool dispatch(const QByteArray &body);
     void startFile(const QByteArray &body);
     bool receiveFileContent(const QByteArray &data);
+    // After a handler: false when the receiver is gone or was reset meanwhile (parsing stops).
+    bool carryOn(bool alive);
+    void clearState();
+    bool refuse();
 
     LinkHandlers m_handlers;
     QByteArray m_buffer;
@@ -67,8 +86,10 @@ private:
     QString m_fileName;
     QByteArray m_tag;
     qint64 m_bytesRemaining = 0;
+    qint64 m_maxFileSize = std::numeric_limits<qint64>::max();
 
     bool m_busy = false;
+    bool m_resetRequested = false;
     QList<QByteArray> m_queued;
     std::shared_ptr<char> m_life = std::make_shared<char>();
 };

@@ -21,8 +21,11 @@ NetClient::NetClient(QObject *parent)
     handlers.file = [this](const QString &fileName, const QByteArray &tag) {
         emit ReceiveFile(fileName, link::fromWire(tag));
     };
+    // A host that floods this guest with an endless frame or a huge file is left.
+    handlers.overflow = [this] { endConnection(); };
     // A kicked guest learns it from the close that follows the leave notice.
     m_receiver->setHandlers(std::move(handlers));
+    m_receiver->setMaxFileSize(GameMaxFileSize);
 
     connect(m_socket, &QTcpSocket::connected, this, &NetClient::onConnected);
     connect(m_socket, &QTcpSocket::readyRead, this, &NetClient::onReadyRead);
@@ -96,6 +99,10 @@ QString NetClient::HostIP() const
     const quint32 v4 = address.toIPv4Address(&isV4);
     return isV4 ? QHostAddress(v4).toString() : address.toString();
 }
+
+qint64 NetClient::MaxFileSize() const { return m_receiver->maxFileSize(); }
+
+void NetClient::setMaxFileSize(qint64 bytes) { m_receiver->setMaxFileSize(bytes); }
 
 bool NetClient::Busy() const
 {

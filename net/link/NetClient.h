@@ -43,6 +43,11 @@ public:
     QString HostIP() const;
     // True while resolving the host's name or connecting.
     bool Busy() const;
+    // A host whose file header announces more bytes than this is dropped, as is one whose frame
+    // grows past LinkReceiver::MaxIncompleteFrame without an end marker.
+    static constexpr qint64 GameMaxFileSize = 1024 * 1024;
+    qint64 MaxFileSize() const;
+    void setMaxFileSize(qint64 bytes);
 
 signals:
     // The file is deleted as soon as the emission returns: read or copy it in a direct connection.

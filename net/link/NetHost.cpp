@@ -136,6 +136,13 @@ int NetHost::listeningPort() const
     return m_server->isListening() ? int(m_server->serverPort()) : 0;
 }
 
+void NetHost::setMaxFileSize(qint64 bytes)
+{
+    m_maxFileSize = bytes;
+    for (const auto &slot : m_slots)
+        slot->receiver.setMaxFileSize(bytes);
+}
+
 int NetHost::Connections() const
 {
     int count = 0;
@@ -279,7 +286,10 @@ void NetHost::onNewConnection()
                 closeSlot(n, false);
                 emit ClientLeft(n);
             };
+            // A peer that floods the host with an endless frame or a huge file is shown the door.
+            handlers.overflow = [this, n] { Kick(n); };
             slot->receiver.setHandlers(std::move(handlers));
+            slot->receiver.setMaxFileSize(m_maxFileSize);
             m_slots.push_back(std::move(slot));
         }
         attach(client, socket);
@@ -316,6 +326,8 @@ void NetHost::closeSlot(int client, bool sayGoodbye)
     QTcpSocket *socket = detach(client);
     if (!socket)
         return;
+    // The slot's next guest starts clean, so nothing half-sent by this one can swallow its handshake.
+    m_slots[std::size_t(client - 1)]->receiver.reset();
     if (sayGoodbye && socket->state() == QAbstractSocket::ConnectedState) {
         socket->write(link::leaveMessage());
         socket->flush();

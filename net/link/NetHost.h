@@ -17,7 +17,7 @@ namespace qx {
 // link messages between the application and each guest.
 //
 // Slots are numbered from 1, created on demand and never removed; a guest that leaves frees its slot
-// for the next one, whose receive state is deliberately not cleared. A client number of 1 or more
+// for the next one. A client number of 1 or more
 // addresses one slot, 0 every slot, -n every slot but n.
 //
 // Signals are emitted directly from the socket handlers. The game connects its slots with
@@ -33,6 +33,8 @@ public:
     // The game's instance listens on this port and takes at most this many guests.
     static constexpr int GamePort = 1099;
     static constexpr int GameMaxConnections = 10;
+    // The largest file a guest may announce; the game's guests never send files.
+    static constexpr qint64 GameMaxFileSize = 1024 * 1024;
     // Thrown as a NetError by setLocalPort while hosting.
     static constexpr int PortChangeError = 1001;
 
@@ -52,6 +54,10 @@ public:
     int Connections() const;
     int MaxConnections() const { return m_maxConnections; }
     void setMaxConnections(int maxConnections) { m_maxConnections = maxConnections; }
+    // A guest whose file header announces more bytes than this is kicked, as is one whose frame
+    // grows past LinkReceiver::MaxIncompleteFrame without an end marker.
+    qint64 MaxFileSize() const { return m_maxFileSize; }
+    void setMaxFileSize(qint64 bytes);
     // Sends the leave notice to a connected guest and closes its slot; 0 kicks every slot, and
     // ClientLeft is emitted for every slot, also those already closed.
     void Kick(int client);
@@ -103,6 +109,7 @@ private:
     QHostAddress m_listenAddress = QHostAddress::Any;
     int m_localPort = 0;
     int m_maxConnections = 1;
+    qint64 m_maxFileSize = GameMaxFileSize;
     bool m_hosting = false;
     int m_enumCursor = 0;
     int m_lastJoined = 0;

@@ -14,8 +14,10 @@ void NewGameDialog::showConnections()
 
 void NewGameDialog::hostReceiveTitle(int client, const QString &title)
 {
-    if (title == AppTitle)
+    if (title == AppTitle) {
+        m_titleAccepted.insert(client);
         return;
+    }
     Host->SendProperTitle(client, AppTitle);
     Host->Kick(client);
 }
@@ -28,8 +30,9 @@ void NewGameDialog::hostReceiveVersion(int client, const QString &version)
         return;
     }
     // A guest turned away for its title a moment ago has no lobby to be shown.
-    if (Host->ClientIP(client).isEmpty())
+    if (Host->ClientIP(client).isEmpty() || !m_titleAccepted.contains(client))
         return;
+    m_handshakeAccepted.insert(client);
     // Only now does the guest count: it is told the lobby as it stands.
     Host->SendSetupInfo(client, QStringLiteral("N%1").arg(playersIndex()));
     for (int i = 0; i < MaxSeats; ++i) {
@@ -41,7 +44,8 @@ void NewGameDialog::hostReceiveVersion(int client, const QString &version)
 
 void NewGameDialog::hostReceiveSetupInfo(int client, const QString &info)
 {
-    if (!info.startsWith(QLatin1Char('P')))
+    // Only a guest that has shown it runs this program may ask for a seat.
+    if (!m_handshakeAccepted.contains(client) || !info.startsWith(QLatin1Char('P')))
         return;
     const int seat = lobby::digitAfterCode(info);
     if (seat < 0)
@@ -88,6 +92,8 @@ void NewGameDialog::removeGuest(int box)
 void NewGameDialog::hostClientLeft(int client)
 {
     // The game's side of a guest leaving is the network session's; here the lobby forgets it.
+    m_titleAccepted.remove(client);
+    m_handshakeAccepted.remove(client);
     const QString tag = QString::number(client);
     for (int i = 0; i < MaxSeats; ++i) {
         if (seatTag(i) != tag)
@@ -115,8 +121,8 @@ void NewGameDialog::hostError(int client, int, const QString &description)
 
 void NewGameDialog::hostStart()
 {
-    // Nobody joins a game that has begun.
-    Host->setMaxConnections(Host->Connections());
+    // Nobody joins a game that has begun, not even into the room a seatless guest leaves.
+    Host->setMaxConnections(0);
     for (int i = 0; i < MaxSeats; ++i) {
         const int client = seatTag(i).toInt();
         if (seatValue(i) == RemoteHuman && client > 0)

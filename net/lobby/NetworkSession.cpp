@@ -32,13 +32,16 @@ void NetworkSession::hostReceiveData(int client, const QString &line)
     const int seat = m_state.CurrentPlayer;
     if (seat < 1 || seat > MaxSeats || client < 1 || m_state.PlayerClient(seat) != client)
         return;
+    // A guest's departure is told by its connection, never by the guest itself.
+    if (line == QLatin1String("DROP"))
+        return;
     m_lines.NetworkHost(line);
 }
 
 void NetworkSession::hostClientLeft(int client)
 {
-    // Guests leave at the end of every game as well; only a game under way hands seats over.
-    if (m_state.NetMode == LocalGame || !m_state.gameRunning() || client < 1)
+    // A running game hands the seat over at once, even under an open New Game dialog.
+    if (!m_state.gameRunning() || client < 1)
         return;
     bool itsTurn = false;
     for (int seat = 1; seat <= MaxSeats; ++seat) {
@@ -54,7 +57,7 @@ void NetworkSession::hostClientLeft(int client)
     }
     m_table.refresh();
     if (itsTurn)
-        m_lines.NetworkHost(QStringLiteral("DROP"));
+        m_lines.dropCurrentSeat();
 }
 
 void NetworkSession::guestReceiveData(const QString &line)

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QSet>
 
 #include <array>
 #include <functional>
@@ -215,6 +216,8 @@ private:
     bool m_leavingHost = false;    // this side is ending the guest connection itself
     bool m_guestReachedHost = false; // the current guest connection was established
     bool m_guestErrorClosing = false; // an error is closing the connection; its drop follows
+    QSet<int> m_titleAccepted;     // host: slots whose guest announced the right title
+    QSet<int> m_handshakeAccepted; // host: slots whose guest announced the right title and version
 };
 
 } // namespace qx

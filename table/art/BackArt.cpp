@@ -411,6 +411,7 @@ const std::array<Design, 11> &designs()
 {
     static const std::array<Design, 11> all{{
         {builtinLattice, QColor(200, 215, 245)},
+        // The first shipped file (deck1.bmp), back number 0: what a new player sees. The best.
         {crimsonLattice, QColor(240, 200, 90)},
         {oceanWaves, QColor(225, 245, 250)},
         {greenChecks, QColor(30, 110, 60)},

@@ -3,7 +3,10 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <numbers>
 #include <vector>
 
 namespace qx::CardArt {
@@ -25,6 +28,8 @@ constexpr qreal Quarter = (RowBottom - RowTop) / 3.0;
 // shows the rank alone: the pips in the middle already tell the suit.
 constexpr int CompactBelowWidth = 54;
 constexpr qreal CompactMiddleScale = 0.84;
+// The radius of the card's rounded corners (cardOutline).
+constexpr qreal CornerRadius = 5.5;
 
 std::vector<QPointF> pipLayout(int rank)
 {
@@ -77,11 +82,20 @@ void drawAce(QPainter &painter, Suit suit)
     drawSuit(painter, suit, centre, 36);
 }
 
-void drawCornerIndex(QPainter &painter, Suit suit, int rank, bool compact)
+void drawCornerIndex(QPainter &painter, Suit suit, int rank, bool compact, qreal unitsPerPixel)
 {
-    const QRectF rankBox = compact ? QRectF(1.6, 2.2, 14.6, 18.0) : QRectF(2.3, 3.3, 10.2, 11.2);
-    // "10" is two glyphs in the space of one: let it use a little more width.
-    const QRectF box = rank == 10 ? rankBox.adjusted(-0.8, 0, 0.8, 0) : rankBox;
+    QRectF rankBox = compact ? QRectF(1.6, 2.2, 14.6, 18.0) : QRectF(2.3, 3.3, 10.2, 11.2);
+    if (compact) {
+        // On the smallest cards the border is more than a unit wide: the index starts clear of
+        // it, and its corner clear of the card's rounded corner (radius CornerRadius).
+        const qreal border = std::max(0.75, unitsPerPixel);
+        const qreal clear = std::max(border + 0.6 * unitsPerPixel,
+                                     CornerRadius - (CornerRadius - border) / std::numbers::sqrt2 + 0.4 * unitsPerPixel);
+        rankBox.setTopLeft({std::max(rankBox.left(), clear), std::max(rankBox.top(), clear)});
+    }
+    // "10" is two glyphs in the space of one: let it use a little more width (to the left only
+    // where the wide border leaves none).
+    const QRectF box = rank == 10 ? rankBox.adjusted(compact ? 0 : -0.8, 0, 0.8, 0) : rankBox;
     painter.setPen(Qt::NoPen);
     painter.setBrush(inkColour(suit));
     painter.drawPath(fittedText(rankText(rank), indexFont(), box));
@@ -121,7 +135,7 @@ void drawFace(QPainter &painter, int code, qreal unitsPerPixel)
             painter.translate(DesignWidth, DesignHeight);
             painter.rotate(180);
         }
-        drawCornerIndex(painter, suit, rank, compact);
+        drawCornerIndex(painter, suit, rank, compact, unitsPerPixel);
         painter.restore();
     }
 }

@@ -1,6 +1,8 @@
 // The in-game lines byte for byte, and how host and guest react to good and damaged lines.
 #include "EngineFixture.h"
 #include "GameLines.h"
+#include "SeatName.h"
+#include "StockCount.h"
 
 #include <QTest>
 
@@ -220,6 +222,52 @@ private slots:
         QVERIFY(f.table.messages.contains(QStringLiteral("Strike 3! You're Out!")));
     }
 
+    void ownStrikeIsNotATurn()
+    {
+        LinesFixture f;
+        f.guestStarted(2);
+        int waits = 0;
+        f.table.onWaitUntil = [&] {
+            ++waits;
+            f.engine.picCard_Click(2);
+        };
+        f.lines.NetworkGuest(QStringLiteral("1121" "07" "-1" "01" "50" "011251"));
+        QCOMPARE(f.table.messages.last(), QStringLiteral("Strike 1!"));
+        QCOMPARE(waits, 0);
+        QVERIFY(f.toHost.isEmpty());
+        QVERIFY(f.table.captionText != QStringLiteral("Your Turn"));
+    }
+
+    void newerLineEndsTheWaitForACard()
+    {
+        LinesFixture f;
+        f.guestStarted(2);
+        int waits = 0;
+        f.table.onWaitUntil = [&] {
+            if (++waits == 1) // the host's next line arrives while the player still thinks
+                f.lines.NetworkGuest(QStringLiteral("1121" "07" "-1" "00" "40" "011051"));
+            else
+                f.engine.picCard_Click(3);
+        };
+        f.lines.NetworkGuest(QStringLiteral("1121" "07" "-1" "00" "50" "011051"));
+        QCOMPARE(waits, 2);
+        QCOMPARE(f.toHost, QStringList{QStringLiteral("PLAY107")});
+        QCOMPARE(int(f.state.Total), 50);
+    }
+
+    void guestShowsOnlyWhatItKnows()
+    {
+        LinesFixture f;
+        f.guestStarted(2);
+        f.lines.NetworkGuest(QStringLiteral("1021" "07" "-1" "00" "50" "011051"));
+        // Seat 1 may be the host's own player: the guest cannot tell, nor count the host's stock.
+        QCOMPARE(seatDisplayName(f.state, 1), QStringLiteral("Player 1"));
+        QVERIFY(stockCountText(f.state).isEmpty());
+        f.state.NetMode = NetHostMode;
+        QCOMPARE(seatDisplayName(f.state, 1), QStringLiteral("Computer 1"));
+        QCOMPARE(stockCountText(f.state), QStringLiteral("52 cards left"));
+    }
+
     void guestStrikeMessages()
     {
         LinesFixture f;
@@ -281,6 +329,7 @@ private slots:
         QTest::newRow("other text") << "HELLO";
         QTest::newRow("empty") << "";
         QTest::newRow("illegal card") << "PLAY207"; // a queen on 95
+        QTest::newRow("refill not the card drawn") << "PLAY108";
     }
     void hostIgnoresDamagedPlays()
     {
@@ -290,6 +339,7 @@ private slots:
         f.state.PlayerType(2) = RemoteHuman;
         f.setHand(2, 1, 12, 11);
         f.state.Total = 95;
+        QCOMPARE(f.lines.CreateNetLine().mid(4, 2), QStringLiteral("07")); // the turn's line
         f.table.networkTimer = true;
         f.lines.NetworkHost(line);
         QCOMPARE(int(f.state.Total), 95);
@@ -306,10 +356,11 @@ private slots:
         QVERIFY(f.table.networkTimer);
         f.setHand(1, card(Ace), card(Queen), card(Four));
         f.state.Total = 20;
+        const QString drawn = f.toGuests.last().mid(4, 2);
         f.toGuests.clear();
-        f.lines.NetworkHost(QStringLiteral("PLAY107"));
+        f.lines.NetworkHost(QStringLiteral("PLAY1") + drawn);
         QCOMPARE(int(f.state.Total), 30);
-        QCOMPARE(int(f.state.Hand(1, 1)), 7);
+        QCOMPARE(int(f.state.Hand(1, 1)), drawn.toInt());
         QCOMPARE(int(f.state.PileCard), card(Queen));
         QCOMPARE(f.state.PileTag, QStringLiteral("11"));
         // The turn passed to seat 2, announced with its game line; the host waits again.

@@ -206,7 +206,11 @@ private slots:
     void refusedConnectionGivesErrorThenDropped();
     void stopHostEndsEveryConnection();
     void handlersMayCloseDuringEmission();
-    void reusedSlotKeepsItsReceiveState();
+    void reusedSlotStartsClean();
+    void floodingGuestIsKicked_data();
+    void floodingGuestIsKicked();
+    void floodingHostIsLeft_data();
+    void floodingHostIsLeft();
     void filesTravelBothWays();
     void hostilePeersNeverCrashTheHost();
 };
@@ -541,7 +545,7 @@ void TestLinkLoopback::handlersMayCloseDuringEmission()
     QVERIFY(!h.host.Hosting());
 }
 
-void TestLinkLoopback::reusedSlotKeepsItsReceiveState()
+void TestLinkLoopback::reusedSlotStartsClean()
 {
     Hosting h(1);
 
@@ -552,13 +556,88 @@ void TestLinkLoopback::reusedSlotKeepsItsReceiveState()
     first.disconnectFromHost();
     QTRY_COMPARE_WITH_TIMEOUT(h.log.lines, (QStringList{"joined:1", "left:1"}), Timeout);
 
-    // The next guest of slot 1 finishes what the last one left in its buffer.
+    // Nothing the last guest of slot 1 left half-sent reaches the next one's messages.
     QTcpSocket second;
     second.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
     QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.size(), 3, Timeout);
-    second.write(QByteArray("cd") + link::Marker);
+    second.write(link::dataMessage("cd"));
     QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.size(), 4, Timeout);
-    QCOMPARE(h.log.lines.constLast(), QStringLiteral("data:1:abcd"));
+    QCOMPARE(h.log.lines.constLast(), QStringLiteral("data:1:cd"));
+}
+
+namespace {
+
+QList<QByteArray> floods()
+{
+    const QByteArray m(1, link::Marker);
+    return {
+        m + link::LinkData + QByteArray(70 * 1024, 'x'),
+        QByteArray(70 * 1024, 'y'),
+        link::fileHeaderMessage("big", 2000000000),
+        link::fileHeaderMessage("over", 1024 * 1024 + 1),
+    };
+}
+
+void addFloodRows()
+{
+    QTest::addColumn<int>("flood");
+    QTest::newRow("frame without end past 64 KiB") << 0;
+    QTest::newRow("bytes outside frames past 64 KiB") << 1;
+    QTest::newRow("2 GB file header") << 2;
+    QTest::newRow("file just over 1 MiB") << 3;
+}
+
+} // namespace
+
+void TestLinkLoopback::floodingGuestIsKicked_data()
+{
+    addFloodRows();
+}
+
+void TestLinkLoopback::floodingGuestIsKicked()
+{
+    QFETCH(int, flood);
+    Hosting h(2);
+    QTcpSocket peer;
+    QByteArray received;
+    connect(&peer, &QTcpSocket::readyRead, this, [&] { received += peer.readAll(); });
+    peer.connectToHost(QHostAddress::LocalHost, quint16(h.host.listeningPort()));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines, QStringList{"joined:1"}, Timeout);
+    const QByteArray bytes = floods().at(flood);
+    for (qsizetype at = 0; at < bytes.size(); at += 4096)
+        peer.write(bytes.mid(at, 4096));
+    QTRY_COMPARE_WITH_TIMEOUT(peer.state(), QAbstractSocket::UnconnectedState, Timeout);
+    QCOMPARE(h.log.lines, (QStringList{"joined:1", "left:1"}));
+    QVERIFY(received.endsWith(link::leaveMessage()));
+
+    // The slot's next guest is served as if nothing had happened.
+    QVERIFY(h.join(1));
+    h.guests[0]->client.SendData(QStringLiteral("hello"));
+    QTRY_COMPARE_WITH_TIMEOUT(h.log.lines.constLast(), QStringLiteral("data:1:hello"), Timeout);
+    QCOMPARE(h.log.lines.mid(2, 3), (QStringList{"joined:1", "title:1:QX", "version:1:1.1"}));
+}
+
+void TestLinkLoopback::floodingHostIsLeft_data()
+{
+    addFloodRows();
+}
+
+void TestLinkLoopback::floodingHostIsLeft()
+{
+    QFETCH(int, flood);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QTcpSocket *peer = nullptr;
+    connect(&server, &QTcpServer::newConnection, this, [&] {
+        peer = server.nextPendingConnection();
+        const QByteArray bytes = floods().at(flood);
+        for (qsizetype at = 0; at < bytes.size(); at += 4096)
+            peer->write(bytes.mid(at, 4096));
+    });
+    Guest guest;
+    guest.connectTo(server.serverPort());
+    QTRY_COMPARE_WITH_TIMEOUT(guest.lines, (QStringList{"connected", "dropped"}), Timeout);
+    QVERIFY(!guest.client.IsConnected());
 }
 
 void TestLinkLoopback::filesTravelBothWays()

@@ -86,6 +86,9 @@ private slots:
     void fileHeaderLength_data();
     void fileHeaderLength();
     void unfinishedFileIsRemovedWithReceiver();
+    void limitsCutThePeerOff_data();
+    void limitsCutThePeerOff();
+    void resetForgetsEverything();
 
     void feedFromHandlerIsQueued();
     void handlerMayDestroyReceiver();
@@ -406,6 +409,62 @@ void TestLinkProtocol::unfinishedFileIsRemovedWithReceiver()
     QVERIFY(QFile::exists(fileName));
     receiver.reset();
     QVERIFY(!QFile::exists(fileName));
+}
+
+void TestLinkProtocol::limitsCutThePeerOff_data()
+{
+    const qsizetype most = LinkReceiver::MaxIncompleteFrame;
+    const QByteArray start = bytes({255, 254});
+    QTest::addColumn<QList<QByteArray>>("arrivals");
+    QTest::addColumn<bool>("cutOff");
+    QTest::newRow("frame at the limit") << QList<QByteArray>{start + QByteArray(most - 2, 'a')} << false;
+    QTest::newRow("frame past the limit") << QList<QByteArray>{start + QByteArray(most - 1, 'a')} << true;
+    QTest::newRow("frame past the limit bit by bit")
+        << QList<QByteArray>{start, QByteArray(most / 2, 'a'), QByteArray(most / 2, 'a')} << true;
+    QTest::newRow("bytes outside frames past the limit") << QList<QByteArray>{QByteArray(most + 1, 'a')} << true;
+    QTest::newRow("file at the limit") << QList<QByteArray>{fileHeaderMessage("t", 1000)} << false;
+    QTest::newRow("file past the limit") << QList<QByteArray>{fileHeaderMessage("t", 1001) + "abc"} << true;
+    QTest::newRow("huge file") << QList<QByteArray>{FrameMessage(char(LinkFileHeader) + raw("t         99999999999999999999"))}
+                               << true;
+}
+
+void TestLinkProtocol::limitsCutThePeerOff()
+{
+    QFETCH(QList<QByteArray>, arrivals);
+    QFETCH(bool, cutOff);
+    RecordedReceiver receiver;
+    receiver.receiver().setMaxFileSize(1000);
+    QList<QByteArray> events = feedAll(receiver, arrivals);
+    QCOMPARE(events.contains("overflow"), cutOff);
+    if (!cutOff)
+        return;
+    QVERIFY(receiver.receiver().buffer().isEmpty());
+    QVERIFY(!receiver.receiver().receivingFile());
+    // Nothing of it is left to meet what comes next.
+    QCOMPARE(receiver.feed(dataMessage("next")), QList<QByteArray>{"data:next"});
+}
+
+void TestLinkProtocol::resetForgetsEverything()
+{
+    LinkReceiver receiver;
+    QList<QByteArray> seen;
+    LinkHandlers handlers;
+    handlers.data = [&](const QByteArray &payload) {
+        seen.append(payload);
+        receiver.reset(); // a connection closed from a handler: the rest of the arrival is dropped
+    };
+    receiver.setHandlers(handlers);
+    receiver.feed(fileHeaderMessage("t", 10) + "abcde");
+    const QString fileName = receiver.fileName();
+    QVERIFY(QFile::exists(fileName));
+    receiver.reset();
+    QVERIFY(!QFile::exists(fileName));
+    QVERIFY(!receiver.receivingFile());
+    receiver.feed(dataMessage("one") + dataMessage("two") + bytes({255, 254}) + "three");
+    QCOMPARE(seen, QList<QByteArray>{"one"});
+    QVERIFY(receiver.buffer().isEmpty());
+    receiver.feed(dataMessage("four"));
+    QCOMPARE(seen.constLast(), QByteArray("four"));
 }
 
 void TestLinkProtocol::feedFromHandlerIsQueued()

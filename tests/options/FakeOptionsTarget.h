@@ -50,6 +50,10 @@ public:
     explicit FakeOptionsTarget(qx::GameState &state) : m_state(state)
     {
         menus = qx::buildMenus(menuBar());
+        // The table's own minimum, as on the main window.
+        auto *table = new QWidget;
+        table->setMinimumSize(120, 90);
+        setCentralWidget(table);
         setGeometry(40, 50, 640, 480);
     }
 

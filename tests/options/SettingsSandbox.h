@@ -3,6 +3,8 @@
 #include "Reg.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -18,9 +20,29 @@ public:
 
     void reset()
     {
+        // A store a test left blocked is mended first.
+        const QString folder = QFileInfo(storeFile()).path();
+        if (QFileInfo(folder).isDir())
+            QDir(folder).removeRecursively();
+        else
+            QFile::remove(folder);
         qx::SetRegApp(QStringLiteral("Brackenfall\\QX"));
         QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Brackenfall"), QStringLiteral("QX"))
             .clear();
+    }
+
+    // Makes the store unusable even for the superuser: a folder where its file goes (it can be
+    // neither read nor written), or a file where its folder goes (nothing can be written).
+    enum Block { FileIsFolder, FolderIsFile };
+    bool block(Block how) const
+    {
+        const QString folder = QFileInfo(storeFile()).path();
+        if (!QDir(folder).removeRecursively())
+            return false;
+        if (how == FileIsFolder)
+            return QDir().mkpath(storeFile());
+        QFile file(folder);
+        return file.open(QIODevice::WriteOnly);
     }
 
     QString path() const { return m_dir.path(); }

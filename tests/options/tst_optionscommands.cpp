@@ -188,7 +188,7 @@ private slots:
                  QStringLiteral("Sound Score Match Speed10 Humans Strikes Decks%1").arg(decksAfter));
     }
 
-    void customCancelledAppliesChoosersColour()
+    void customCancelledAppliesLastColourChosen()
     {
         m_window->color = BackColor::Gray;
         QColor shownFirst;
@@ -198,18 +198,33 @@ private slots:
             chooser.setCurrentColor(QColor(10, 20, 30));
             chooser.reject();
         };
+        // Cancelled the first time: the chooser's first colour.
         trigger(QStringLiteral("Custom"));
         QCOMPARE(shownFirst, QColor(192, 192, 192));
-        QCOMPARE(m_window->color, BackColor::fromQColor(QColor(10, 20, 30)));
+        QCOMPARE(m_window->color, BackColor::fromQColor(QColor(192, 192, 192)));
         QCOMPARE(m_window->repaints, 1);
-
-        // Cancelled at once the next time: the chooser still holds its last colour.
-        m_window->color = BackColor::ButtonFace;
-        m_window->dialogRunner = [](QDialog &dialog) { dialog.reject(); };
-        trigger(QStringLiteral("Custom"));
-        QCOMPARE(m_window->color, BackColor::fromQColor(QColor(10, 20, 30)));
-        QCOMPARE(m_window->dialogsRun, 2);
         QCOMPARE(checkedMarks(m_window->menus), QStringLiteral("Sound Score Custom Speed10 Humans Strikes Decks1"));
+
+        const auto browseThen = [this](QColor browsed, bool ok) {
+            m_window->dialogRunner = [browsed, ok](QDialog &dialog) {
+                static_cast<QColorDialog &>(dialog).setCurrentColor(browsed);
+                ok ? dialog.accept() : dialog.reject();
+            };
+            trigger(QStringLiteral("Custom"));
+        };
+        browseThen(QColor(1, 2, 3), true);
+        QCOMPARE(m_window->color, BackColor::fromQColor(QColor(1, 2, 3)));
+        m_window->color = BackColor::ButtonFace;
+        browseThen(QColor(50, 60, 70), false);
+        QCOMPARE(m_window->color, BackColor::fromQColor(QColor(1, 2, 3)));
+        // The chooser opens on that colour again, not on the one browsed before cancelling.
+        m_window->dialogRunner = [&shownFirst](QDialog &dialog) {
+            shownFirst = static_cast<QColorDialog &>(dialog).currentColor();
+            dialog.reject();
+        };
+        trigger(QStringLiteral("Custom"));
+        QCOMPARE(shownFirst, QColor(1, 2, 3));
+        QCOMPARE(m_window->dialogsRun, 4);
     }
 
     void colourConversions()
@@ -244,6 +259,41 @@ private slots:
         trigger(QStringLiteral("Restore"));
         QCOMPARE(checkedMarks(m_window->menus), QStringLiteral("Score Gray Speed20 Humans Strikes Decks1"));
         QCOMPARE(m_window->color, BackColor::Gray);
+        QVERIFY2(m_window->warnings.isEmpty(), qPrintable(m_window->warnings.join('\n')));
+    }
+
+    void storeTroubleIsTold_data()
+    {
+        QTest::addColumn<int>("block");
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("told"); // how the message begins, before the path
+        const QString cannotRead = QStringLiteral("QX cannot read its settings file ");
+        const QString cannotSave = QStringLiteral("QX cannot save its options to ");
+        const int unreadable = SettingsSandbox::FileIsFolder;
+        QTest::newRow("unreadable, Save") << unreadable << "Save" << cannotSave;
+        QTest::newRow("unreadable, Restore") << unreadable << "Restore" << cannotRead;
+        QTest::newRow("unreadable, Restore Default") << unreadable << "RestoreDefault" << cannotRead;
+        QTest::newRow("folder cannot be made, Save") << int(SettingsSandbox::FolderIsFile) << "Save" << cannotSave;
+    }
+    void storeTroubleIsTold()
+    {
+        QFETCH(int, block);
+        QFETCH(QString, command);
+        QFETCH(QString, told);
+        QVERIFY(m_sandbox.block(SettingsSandbox::Block(block)));
+        const QString marks = checkedMarks(m_window->menus);
+        const QPoint pos = m_window->pos();
+        trigger(command);
+        QCOMPARE(m_window->warnings.size(), 1);
+        const QString text = m_window->warnings.first();
+        QVERIFY2(text.startsWith(told + m_sandbox.storeFile() + QStringLiteral(": ")), qPrintable(text));
+        QCOMPARE(checkedMarks(m_window->menus), marks);
+        QCOMPARE(m_window->pos(), pos);
+        QCOMPARE(m_window->hides, 0);
+        QVERIFY(!QFileInfo(m_sandbox.storeFile()).isFile());
+        // Told again at the next try: nothing was mended.
+        trigger(command);
+        QCOMPARE(m_window->warnings, QStringList({text, text}));
     }
 
     void windowsOfTheMenus()

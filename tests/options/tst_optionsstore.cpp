@@ -415,9 +415,7 @@ private slots:
         QTest::newRow("frames 1e1") << "Frames" << "1e1" << 10;
         QTest::newRow("frames 20.49") << "Frames" << "20.49" << 20;
         QTest::newRow("frames 0.5") << "Frames" << "0.5" << 0;
-        QTest::newRow("frames Not Used") << "Frames" << "Not Used" << 0;
         QTest::newRow("back 2 of them") << "CardBack" << "2 of them" << 2;
-        QTest::newRow("back Not Used") << "CardBack" << "Not Used" << 0;
     }
     void lenientNumbers()
     {
@@ -489,8 +487,20 @@ private slots:
         QTest::newRow("back huge") << "CardBack" << "1e300";
         QTest::newRow("colour too big") << "BackColor" << "99999999999";
         QTest::newRow("colour overflow") << "BackColor" << "1e999";
+        QTest::newRow("colour not a number") << "BackColor" << "abc";
+        QTest::newRow("decks not a number") << "NumberOfDecks" << "x3";
         QTest::newRow("width negative") << "WindowWidth" << "-5";
         QTest::newRow("top far away") << "WindowTop" << "1e12";
+        // Window geometry that would hang the program on a huge table or hide the window.
+        QTest::newRow("height not a number") << "WindowHeight" << "abc";
+        QTest::newRow("width beyond the desktop") << "WindowWidth" << "100000";
+        QTest::newRow("height beyond the desktop") << "WindowHeight" << "100000";
+        QTest::newRow("width below the minimum") << "WindowWidth" << "100";
+        QTest::newRow("height below the minimum") << "WindowHeight" << "12";
+        QTest::newRow("left far off") << "WindowLeft" << "-5000";
+        QTest::newRow("left mostly off") << "WindowLeft" << "-400";
+        QTest::newRow("top below the desktop") << "WindowTop" << "5000";
+        QTest::newRow("top mostly off") << "WindowTop" << "-300";
     }
     void unusableValues()
     {
@@ -523,7 +533,7 @@ private slots:
         QVERIFY(m_window->warnedWhileVisible.first());
         QVERIFY(m_window->isVisible());
         QVERIFY(!m_window->menus.mnuOSound->isChecked());
-        QCOMPARE(m_window->x(), 77);
+        QCOMPARE(m_window->x(), key == QLatin1String("WindowLeft") ? beforePos.x() : 77);
 
         const QString marks = checkedMarks(m_window->menus);
         if (key == QLatin1String("NumberOfDecks")) {
@@ -542,6 +552,8 @@ private slots:
         QCOMPARE(m_window->color, key == QLatin1String("BackColor") ? 42 : BackColor::ButtonFace);
         if (key == QLatin1String("WindowWidth"))
             QCOMPARE(m_window->width(), before.width());
+        if (key == QLatin1String("WindowHeight"))
+            QCOMPARE(m_window->height(), before.height());
         if (key == QLatin1String("WindowTop"))
             QCOMPARE(m_window->y(), beforePos.y());
     }
@@ -551,19 +563,109 @@ private slots:
         QCOMPARE(OptionsStore::refusalText(User, QStringLiteral("NumberOfDecks"), QStringLiteral("7")),
                  QStringLiteral("The setting \"NumberOfDecks\" in section \"User\" has the value \"7\", "
                                 "which QX cannot use. The current value is kept."));
+        QCOMPARE(OptionsStore::missingKeysText(User, {QStringLiteral("Frames"), QStringLiteral("CardBack")}),
+                 QStringLiteral("The settings \"Frames\", \"CardBack\" are missing from section \"User\". "
+                                "Their current values are kept."));
+        QCOMPARE(OptionsStore::missingKeysText(User, {QStringLiteral("Frames")}),
+                 QStringLiteral("The setting \"Frames\" is missing from section \"User\". "
+                                "Its current value is kept."));
     }
 
-    void sectionWithOnlySound()
+    void missingKeys_data()
     {
-        // A hand-made section: the missing numbers read as 0, which only the pack count refuses.
-        save(User, "Sound", QStringLiteral("False"));
+        QTest::addColumn<QStringList>("present"); // besides "Sound"
+        QTest::addColumn<QStringList>("missing");
+        QTest::newRow("only Sound") << QStringList{}
+                                    << QStringList{"TallyScore", "ShowComputerMoves", "BackColor", "Frames",
+                                                   "HumanPause", "ComputerPause", "StrikePause", "NumberOfDecks",
+                                                   "WindowTop", "WindowLeft", "WindowHeight", "WindowWidth",
+                                                   "CardBack"};
+        QTest::newRow("two missing") << QStringList{"ShowComputerMoves", "BackColor", "Frames", "HumanPause",
+                                                    "ComputerPause", "StrikePause", "NumberOfDecks", "WindowTop",
+                                                    "WindowLeft", "WindowHeight", "CardBack"}
+                                     << QStringList{"TallyScore", "WindowWidth"};
+    }
+    void missingKeys()
+    {
+        QFETCH(QStringList, present);
+        QFETCH(QStringList, missing);
+        startUp();
+        // What is there differs from the current state.
+        const QMap<QString, QString> changed = {
+            {"TallyScore", "False"}, {"ShowComputerMoves", "True"}, {"BackColor", "12632256"},
+            {"Frames", "5"},         {"HumanPause", "False"},       {"ComputerPause", "True"},
+            {"StrikePause", "False"}, {"NumberOfDecks", "3"},       {"WindowTop", "60"},
+            {"WindowLeft", "70"},    {"WindowHeight", "400"},       {"WindowWidth", "500"},
+            {"CardBack", "2"},
+        };
+        {
+            const RegBatch batch;
+            save(User, "Sound", QStringLiteral("False"));
+            for (const QString &key : present)
+                SaveReg(User, key, changed.value(key));
+        }
+        m_window->color = 42;
+        const QRect before = m_window->geometry();
+
         m_store->LoadOptions(User);
-        QCOMPARE(m_window->warnings.size(), 1);
-        QCOMPARE(m_window->warnings.first(),
-                 OptionsStore::refusalText(User, QStringLiteral("NumberOfDecks"), QStringLiteral("Not Used")));
-        QCOMPARE(m_state.Frames, 0);
-        QCOMPARE(m_state.NumberOfDecks, 1);
-        QVERIFY(m_window->isVisible());
+
+        QCOMPARE(m_window->warnings, QStringList{OptionsStore::missingKeysText(User, missing)});
+        QVERIFY(m_window->warnedWhileVisible.first());
+        QVERIFY(!m_window->menus.mnuOSound->isChecked());
+        QVERIFY(m_window->menus.mnuOScore->isChecked());
+        QCOMPARE(m_window->width(), before.width());
+        if (present.isEmpty()) {
+            QCOMPARE(checkedMarks(m_window->menus), QStringLiteral("Score Match Speed10 Humans Strikes Decks1"));
+            QCOMPARE(m_state.Frames, 10);
+            QCOMPARE(m_state.NumberOfDecks, 1);
+            QCOMPARE(m_state.CardBack, 0);
+            QCOMPARE(m_window->color, 42);
+            QCOMPARE(m_window->geometry(), before);
+        } else {
+            QCOMPARE(checkedMarks(m_window->menus), QStringLiteral("Score Computer Gray Speed5 Computers Decks3"));
+            QCOMPARE(m_window->pos(), QPoint(70, 60));
+            QCOMPARE(m_window->height(), 400);
+            QCOMPARE(m_state.CardBack, 2);
+        }
+    }
+
+    void anyLetterCase_data()
+    {
+        QTest::addColumn<QString>("section");
+        QTest::addColumn<bool>("lowerKeys");
+        QTest::newRow("lower-case keys") << "User" << true;
+        QTest::newRow("lower-case section") << "user" << false;
+        QTest::newRow("upper-case section, lower-case keys") << "USER" << true;
+    }
+    void anyLetterCase()
+    {
+        QFETCH(QString, section);
+        QFETCH(bool, lowerKeys);
+        QFile file(m_sandbox.storeFile());
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QByteArray text = "[" + section.toLatin1() + "]\nSound=False\nTallyScore=False\nShowComputerMoves=True\n"
+                          "BackColor=12632256\nFrames=5\nHumanPause=False\nComputerPause=True\nStrikePause=False\n"
+                          "NumberOfDecks=3\nWindowTop=60\nWindowLeft=70\nWindowHeight=400\nWindowWidth=500\n"
+                          "CardBack=2\n";
+        file.write(lowerKeys ? text.toLower() : text);
+        file.close();
+
+        m_store->LoadOptions(User);
+        QVERIFY2(m_window->warnings.isEmpty(), qPrintable(m_window->warnings.join('\n')));
+        QCOMPARE(checkedMarks(m_window->menus), QStringLiteral("Computer Gray Speed5 Computers Decks3"));
+        QCOMPARE(m_window->pos(), QPoint(70, 60));
+        QCOMPARE(m_window->size(), QSize(500, 400));
+        QCOMPARE(m_state.CardBack, 2);
+
+        // Saving writes over the keys as they are spelled, not beside them.
+        m_window->menus.mnuOSound->setChecked(true);
+        m_store->SaveOptions(User);
+        const QByteArray saved = readStoreFile().toLower();
+        QCOMPARE(saved.count("sound="), 1);
+        QCOMPARE(saved.count("[user]"), 1);
+        QVERIFY(saved.contains("sound=true"));
+        QCOMPARE(GetReg(User, QStringLiteral("Sound")), QStringLiteral("True"));
     }
 };
 

@@ -1,7 +1,10 @@
+#include "CardBackChooser.h"
 #include "StrikesWindow.h"
 #include "TableFixture.h"
 
+#include <QApplication>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace qx;
@@ -24,7 +27,8 @@ private slots:
     void resumeKeys_data();
     void resumeKeys();
     void cardSizesScaleFromTheFirstBase();
-    void sizeCommandWhileMaximisedDoesNothing();
+    void sizeCommandOutsideTheNormalStateDoesNothing_data();
+    void sizeCommandOutsideTheNormalStateDoesNothing();
     void strikeWindowRidesTheRightEdge();
     void exitWithoutAGameQuitsAtOnce();
     void exitDuringAGameAsks();
@@ -36,6 +40,7 @@ private slots:
     void takeOverHandsTheSeatToTheComputer();
     void tallyFollowsItsMenuItem();
     void backgroundColourDyesTheCloth();
+    void cardBackNumberZeroIsTheFirstFile();
 };
 
 namespace {
@@ -71,6 +76,9 @@ void MainWindowTest::startsIdle()
     QCOMPARE(f.w.tmrNetwork()->interval(), 1000);
     QVERIFY(!f.w.tmrNetwork()->isActive());
     QVERIFY(f.w.menus().mnuCSize(2)->isChecked());
+    // "Match Windows" from the start: the cloth is the desktop's button face.
+    QCOMPARE(f.w.backColor(), MainWindow::ButtonFaceColor);
+    QCOMPARE(f.w.playArea()->feltColor(), QApplication::palette().color(QPalette::Button));
     // Keys outside a game are ignored.
     f.w.Form_KeyPress('1');
     QCOMPARE(f.s.CurrentPlayer, int16_t(0));
@@ -248,18 +256,28 @@ void MainWindowTest::cardSizesScaleFromTheFirstBase()
     QTRY_VERIFY(m.mnuCSize(2)->isChecked());
 }
 
-void MainWindowTest::sizeCommandWhileMaximisedDoesNothing()
+void MainWindowTest::sizeCommandOutsideTheNormalStateDoesNothing_data()
 {
+    QTest::addColumn<Qt::WindowState>("state");
+    QTest::newRow("maximised") << Qt::WindowMaximized;
+    QTest::newRow("minimised") << Qt::WindowMinimized;
+}
+
+void MainWindowTest::sizeCommandOutsideTheNormalStateDoesNothing()
+{
+    QFETCH(Qt::WindowState, state);
     TableFixture f;
-    f.w.showMaximized();
+    f.w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f.w));
-    QTRY_VERIFY(f.w.isMaximized());
+    f.w.setWindowState(state);
+    QTRY_VERIFY(f.w.windowState() & state);
     QTest::qWait(20);
     const QSize before = f.w.size();
     const bool marks[3] = {f.w.menus().mnuCSize(1)->isChecked(), f.w.menus().mnuCSize(2)->isChecked(),
                            f.w.menus().mnuCSize(4)->isChecked()};
-    f.w.mnuCSize_Click(1);
-    f.w.mnuCSize_Click(4);
+    // Chosen from the menu, as a player does: not even the items' own marks change.
+    for (int index : {1, 4, 2})
+        f.w.menus().mnuCSize(index)->trigger();
     QTest::qWait(50);
     QCOMPARE(f.w.size(), before);
     QCOMPARE(f.w.menus().mnuCSize(1)->isChecked(), marks[0]);
@@ -287,6 +305,15 @@ void MainWindowTest::strikeWindowRidesTheRightEdge()
     QTRY_VERIFY(!strikes->isVisible());
     f.w.showNormal();
     QTRY_VERIFY(strikes->isVisible());
+    // Closed through the window manager, it comes back at the next resize or the next game.
+    strikes->close();
+    QVERIFY(!strikes->isVisible());
+    f.w.mnuCSize_Click(2);
+    QTRY_VERIFY(strikes->isVisible());
+    strikes->close();
+    f.setPauses(false, false, false);
+    f.startGame({LocalHuman, Computer});
+    QVERIFY(strikes->isVisible());
 }
 
 void MainWindowTest::exitWithoutAGameQuitsAtOnce()
@@ -440,15 +467,46 @@ void MainWindowTest::tallyFollowsItsMenuItem()
 void MainWindowTest::backgroundColourDyesTheCloth()
 {
     TableFixture f;
-    const QColor green = f.w.playArea()->feltColor();
     QCOMPARE(f.w.backColor(), MainWindow::ButtonFaceColor);
     f.w.applyBackColor(12632256); // light grey
     QCOMPARE(f.w.backColor(), 12632256);
     QCOMPARE(f.w.playArea()->feltColor(), QColor(192, 192, 192));
     f.w.applyBackColor(0x00FF0080); // stored as 0x00BBGGRR
     QCOMPARE(f.w.playArea()->feltColor(), QColor(0x80, 0x00, 0xFF));
+    // "Match Windows": the desktop's button face, light or dark, and it follows a change of scheme.
+    const QPalette desktop = QApplication::palette();
     f.w.applyBackColor(MainWindow::ButtonFaceColor);
-    QCOMPARE(f.w.playArea()->feltColor(), green);
+    QCOMPARE(f.w.playArea()->feltColor(), desktop.color(QPalette::Button));
+    QPalette dark = desktop;
+    dark.setColor(QPalette::Button, QColor(53, 53, 53));
+    dark.setColor(QPalette::Window, QColor(45, 45, 45));
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    QCOMPARE(f.w.playArea()->feltColor(), QColor(53, 53, 53));
+    QApplication::setPalette(desktop);
+    QCoreApplication::processEvents();
+    QCOMPARE(f.w.playArea()->feltColor(), desktop.color(QPalette::Button));
+}
+
+void MainWindowTest::cardBackNumberZeroIsTheFirstFile()
+{
+    QTemporaryDir dir;
+    for (const auto &[name, colour] : {std::pair{"deckB.bmp", Qt::blue}, std::pair{"deckA.bmp", Qt::red}}) {
+        QImage back(71, 96, QImage::Format_RGB32);
+        back.fill(colour);
+        QVERIFY(back.save(dir.filePath(QLatin1String(name)), "BMP"));
+    }
+    TableFixture f;
+    f.w.cardBackChooser()->setFolder(dir.path());
+    QCOMPARE(f.w.cardBackCount(), 2);
+    auto middleOfTheStock = [&] {
+        const QImage shown = f.w.picDeck()->grab().toImage();
+        return shown.pixelColor(shown.width() / 2, shown.height() / 2);
+    };
+    f.w.setCardBack(0);
+    QCOMPARE(middleOfTheStock(), QColor(Qt::red));
+    f.w.setCardBack(1);
+    QCOMPARE(middleOfTheStock(), QColor(Qt::blue));
 }
 
 QTEST_MAIN(MainWindowTest)

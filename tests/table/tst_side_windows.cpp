@@ -5,11 +5,15 @@
 #include "SplashWindow.h"
 #include "StrikesWindow.h"
 
+#include <QFontMetricsF>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cmath>
 
 using namespace qx;
 
@@ -21,7 +25,10 @@ private slots:
     void strikeFontSize_data();
     void strikeFontSize();
     void strikeWindowFollowsTheMainWindow();
+    void strikeWindowStaysUnderAModalMessage();
     void hiddenStrikeWindowStaysPut();
+    void strikeMarksReadOnEveryBackground_data();
+    void strikeMarksReadOnEveryBackground();
     void strikeWindowFontFollowsThePlayArea();
     void chooserOrderAndGrid();
     void chooserWithoutFiles();
@@ -73,15 +80,53 @@ void SideWindowsTest::strikeWindowFollowsTheMainWindow()
     f.main.show();
     f.strikes.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f.main));
-    QTRY_COMPARE_WITH_TIMEOUT(f.strikes.pos(), f.besideMain(), 1000);
+    QTRY_COMPARE(f.strikes.pos(), f.besideMain());
 
+    // Each move or resize puts it back in the same round of events: nothing waits for a timer.
     f.main.move(250, 120);
-    QTRY_COMPARE_WITH_TIMEOUT(f.strikes.pos(), f.besideMain(), 1000);
+    QCoreApplication::processEvents();
+    QCOMPARE(f.strikes.pos(), f.besideMain());
     f.main.resize(500, 350);
-    QTRY_COMPARE_WITH_TIMEOUT(f.strikes.pos(), f.besideMain(), 1000);
-    // Dragged away by the user, it comes back.
+    QCoreApplication::processEvents();
+    QCOMPARE(f.strikes.pos(), f.besideMain());
+    // Dragged away by the user, it comes back at once.
     f.strikes.move(0, 0);
-    QTRY_COMPARE_WITH_TIMEOUT(f.strikes.pos(), f.besideMain(), 1000);
+    QCoreApplication::processEvents();
+    QCOMPARE(f.strikes.pos(), f.besideMain());
+}
+
+namespace {
+// Counts the times a window is raised.
+class RaiseCounter : public QObject {
+public:
+    int raises = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::ZOrderChange)
+            ++raises;
+        return false;
+    }
+};
+} // namespace
+
+void SideWindowsTest::strikeWindowStaysUnderAModalMessage()
+{
+    Frame f;
+    f.main.show();
+    f.strikes.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f.main));
+    QTRY_COMPARE(f.strikes.pos(), f.besideMain());
+    QMessageBox refusal(QMessageBox::Warning, QStringLiteral("QX"), QStringLiteral("Refused."),
+                        QMessageBox::Ok, &f.main);
+    refusal.setWindowModality(Qt::ApplicationModal);
+    refusal.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&refusal));
+    RaiseCounter counter;
+    f.strikes.installEventFilter(&counter);
+    f.main.move(200, 90);
+    f.strikes.move(3, 3);
+    QTRY_COMPARE(f.strikes.pos(), f.besideMain());
+    QCOMPARE(counter.raises, 0);
 }
 
 void SideWindowsTest::hiddenStrikeWindowStaysPut()
@@ -89,8 +134,65 @@ void SideWindowsTest::hiddenStrikeWindowStaysPut()
     Frame f;
     f.main.show();
     f.strikes.move(5, 5);
-    QTest::qWait(350);
+    f.main.move(100, 100);
+    f.main.resize(450, 320);
+    QCoreApplication::processEvents();
     QCOMPARE(f.strikes.pos(), QPoint(5, 5));
+}
+
+namespace {
+// WCAG contrast ratio of two opaque colours.
+double contrast(QColor a, QColor b)
+{
+    auto luminance = [](QColor c) {
+        auto channel = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
+        return 0.2126 * channel(c.redF()) + 0.7152 * channel(c.greenF()) + 0.0722 * channel(c.blueF());
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+} // namespace
+
+void SideWindowsTest::strikeMarksReadOnEveryBackground_data()
+{
+    QTest::addColumn<QColor>("back");
+    QTest::newRow("black") << QColor(0, 0, 0);
+    QTest::newRow("navy") << QColor(0, 0, 128);
+    QTest::newRow("light grey") << QColor(192, 192, 192);
+    QTest::newRow("white") << QColor(255, 255, 255);
+    QTest::newRow("middle grey") << QColor(128, 128, 128);
+    QTest::newRow("red") << QColor(255, 0, 0);
+    QTest::newRow("dark desktop face") << QColor(53, 53, 53);
+}
+
+void SideWindowsTest::strikeMarksReadOnEveryBackground()
+{
+    QFETCH(QColor, back);
+    Frame f;
+    f.state.NumPlayers = 3;
+    f.state.CurrentPlayer = 2;
+    f.state.Total = 40;
+    f.state.Strikes(1) = 2; // waiting
+    f.state.Strikes(2) = 2; // to move
+    f.state.Strikes(3) = 3; // out
+    f.strikes.setBackColor(back);
+    f.strikes.RefreshStrikeMarks();
+    const QImage shown = f.strikes.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    QFont marks(QStringLiteral("DejaVu Sans"));
+    marks.setBold(true);
+    marks.setPointSize(f.strikes.fontSize());
+    const double t = QFontMetricsF(marks).height(); // lines stand 1.5 of these apart
+    // The marks stand right of the seat numbers; the best-contrasting pixel of each line's
+    // marks tells whether they can be read.
+    const double needed[] = {4.5, 3.0, 2.5};
+    for (int seat = 1; seat <= 3; ++seat) {
+        double best = 1;
+        const int top = int((seat - 1) * 1.5 * t);
+        for (int y = top; y < std::min(shown.height(), int(top + 1.5 * t)); ++y)
+            for (int x = shown.width() / 3; x < shown.width(); ++x)
+                best = std::max(best, contrast(shown.pixelColor(x, y), back));
+        QVERIFY2(best >= needed[seat - 1], qPrintable(QStringLiteral("seat %1: contrast %2").arg(seat).arg(best)));
+    }
 }
 
 void SideWindowsTest::strikeWindowFontFollowsThePlayArea()
@@ -125,7 +227,7 @@ void SideWindowsTest::chooserOrderAndGrid()
 {
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
-    const QStringList names{"deck2.bmp", "deck10.bmp", "deck1.bmp", "deck3.bmp", "deckA.bmp", "deck_.bmp"};
+    const QStringList names{"deck2.bmp", "deck10.bmp", "deck1.bmp", "deck3.bmp", "deckA.bmp", "deck_.bmp", "deck-.bmp"};
     for (int i = 0; i < names.size(); ++i)
         writeBack(dir.path(), names[i], QColor::fromHsv(i * 50, 200, 200));
     writeBack(dir.path(), QStringLiteral("other.bmp"), Qt::black);
@@ -133,12 +235,14 @@ void SideWindowsTest::chooserOrderAndGrid()
 
     CardBackChooser chooser(nullptr, dir.path());
     QCOMPARE(chooser.windowTitle(), QStringLiteral("Choose a card back"));
-    // Plain string order, not numeric.
+    // Plain string order, not numeric; the files are the backs 0 and up, the built-in one unused.
     QCOMPARE(chooser.fileNames(),
-             (QStringList{"deck1.bmp", "deck10.bmp", "deck2.bmp", "deck3.bmp", "deckA.bmp", "deck_.bmp"}));
+             (QStringList{"deck-.bmp", "deck1.bmp", "deck10.bmp", "deck2.bmp", "deck3.bmp", "deckA.bmp", "deck_.bmp"}));
     QCOMPARE(chooser.count(), 7);
-    // The second file in order is deck10.bmp, back number 2.
+    QCOMPARE(chooser.picture(0).pixel(10, 10), QColor::fromHsv(6 * 50, 200, 200).rgb());
+    // The third file in order is deck10.bmp, back number 2.
     QCOMPARE(chooser.picture(2).pixel(10, 10), QColor::fromHsv(50, 200, 200).rgb());
+    QVERIFY(chooser.picture(7).isNull());
 
     // Seven backs: a row of six and one in the second row, 16-pixel margins and gaps.
     QCOMPARE(chooser.picDeck(0)->geometry(), QRect(16, 16, 71, 96));
@@ -151,8 +255,9 @@ void SideWindowsTest::chooserWithoutFiles()
 {
     QTemporaryDir dir;
     CardBackChooser chooser(nullptr, dir.path());
+    // No file: the built-in back stands alone as number 0.
     QCOMPARE(chooser.count(), 1);
-    QVERIFY(!chooser.picture(0).isNull());
+    QCOMPARE(chooser.picture(0), CardArt::renderBuiltinBack(CardArt::DesignCell));
     QVERIFY(chooser.picture(1).isNull());
     QCOMPARE(chooser.size(), QSize(16 + 87, 16 + 112));
 
@@ -160,8 +265,9 @@ void SideWindowsTest::chooserWithoutFiles()
     writeBack(dir.path(), QStringLiteral("deck1.bmp"), Qt::red);
     writeBack(dir.path(), QStringLiteral("deck2.bmp"), Qt::blue);
     chooser.load();
-    QCOMPARE(chooser.count(), 3);
-    QCOMPARE(chooser.size(), QSize(16 + 3 * 87, 16 + 112));
+    QCOMPARE(chooser.count(), 2);
+    QCOMPARE(chooser.picture(0).pixelColor(10, 10), QColor(Qt::red));
+    QCOMPARE(chooser.size(), QSize(16 + 2 * 87, 16 + 112));
 }
 
 void SideWindowsTest::chooserHoldsAtMost37Backs()
@@ -171,7 +277,8 @@ void SideWindowsTest::chooserHoldsAtMost37Backs()
         writeBack(dir.path(), QStringLiteral("deck%1.bmp").arg(i, 2, 10, QLatin1Char('0')), Qt::green);
     CardBackChooser chooser(nullptr, dir.path());
     QCOMPARE(chooser.count(), CardBackChooser::MaxBacks);
-    QCOMPARE(chooser.fileNames().last(), QStringLiteral("deck35.bmp"));
+    QCOMPARE(chooser.fileNames().size(), 37);
+    QCOMPARE(chooser.fileNames().last(), QStringLiteral("deck36.bmp"));
     QCOMPARE(chooser.size(), QSize(16 + 6 * 87, 16 + 7 * 112));
 }
 
@@ -184,9 +291,9 @@ void SideWindowsTest::chooserClickChoosesAndHides()
     QSignalSpy chosen(&chooser, &CardBackChooser::chosen);
     chooser.show();
     QVERIFY(QTest::qWaitForWindowExposed(&chooser));
-    QTest::mouseClick(chooser.picDeck(2), Qt::LeftButton);
+    QTest::mouseClick(chooser.picDeck(1), Qt::LeftButton);
     QCOMPARE(chosen.count(), 1);
-    QCOMPARE(chosen.at(0).at(0).toInt(), 2);
+    QCOMPARE(chosen.at(0).at(0).toInt(), 1);
     QVERIFY(!chooser.isVisible());
 }
 

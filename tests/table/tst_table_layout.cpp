@@ -1,6 +1,12 @@
 #include "Animation.h"
 #include "ScoreTally.h"
 #include "TableLayout.h"
+#include "GameState.h"
+#include "TableColours.h"
+#include "TablePainter.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
 
 #include <QTest>
 
@@ -13,6 +19,10 @@ class TableLayoutTest : public QObject {
 private slots:
     void nothingOverlaps_data();
     void nothingOverlaps();
+    void largeFitsTheDesktop_data();
+    void largeFitsTheDesktop();
+    void platesReadOnEveryCloth_data();
+    void platesReadOnEveryCloth();
     void seatsGoClockwiseFromTheLeft();
     void cardsScaleWithTheArea();
     void flipHalfCount_data();
@@ -25,7 +35,8 @@ void TableLayoutTest::nothingOverlaps_data()
     QTest::addColumn<QSize>("area");
     QTest::addColumn<int>("seats");
     // The play area at the three card sizes, and two shapes a dragged border may give.
-    const QSize areas[] = {{360, 270}, {720, 540}, {1440, 1080}, {900, 480}, {560, 600}};
+    // The smallest "&Small" table, and Small on a 1600 x 1000 desktop, come first.
+    const QSize areas[] = {{240, 180}, {308, 231}, {360, 270}, {720, 540}, {1440, 1080}, {900, 480}, {560, 600}};
     for (const QSize &area : areas)
         for (int seats = 0; seats <= 10; seats += (seats == 0 ? 2 : 1))
             QTest::addRow("%dx%d, %d seats", area.width(), area.height(), seats) << area << seats;
@@ -46,6 +57,79 @@ void TableLayoutTest::nothingOverlaps()
             QVERIFY2(!rects[i].intersects(rects[j]),
                      qPrintable(QStringLiteral("rectangles %1 and %2 overlap").arg(i).arg(j)));
         }
+    }
+    // The longest count of the stock (four packs less the first deal) stays whole under it.
+    const QString count = QStringLiteral("207 cards left");
+    const QFont font = TablePainter::stockCountFont(l, count);
+    QVERIFY(font.pixelSize() >= 6);
+    const QRectF needed = QFontMetricsF(font).boundingRect(QRectF(l.stockCount), Qt::AlignCenter, count);
+    QVERIFY2(QRectF(l.stockCount).contains(needed), qPrintable(QStringLiteral("%1 px of text in %2 px")
+                                                                  .arg(needed.width()).arg(l.stockCount.width())));
+    // The tally's heading and its count of games stand apart on one line.
+    const TablePainter::TallyHead heading = TablePainter::tallyHead(l, 100);
+    const QFontMetricsF head(heading.font);
+    const qreal headWidth = head.horizontalAdvance(QStringLiteral("Games won ")) + head.horizontalAdvance(heading.played);
+    QVERIFY2(headWidth <= l.tally.width() - 2 * TablePainter::tallyPadding(l),
+             qPrintable(QStringLiteral("%1 px of heading in %2 px").arg(headWidth).arg(l.tally.width())));
+}
+
+void TableLayoutTest::largeFitsTheDesktop_data()
+{
+    QTest::addColumn<QSize>("available");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("1600 x 1000") << QSize(1600, 1000) << QSize(616, 462);
+    QTest::newRow("1920 x 1080 less a panel") << QSize(1920, 1048) << QSize(648, 486);
+    QTest::newRow("2560 x 1440: the full size") << QSize(2560, 1440) << QSize(720, 540);
+    QTest::newRow("1024 x 768: too small for Large") << QSize(1024, 768) << QSize(480, 360);
+}
+
+void TableLayoutTest::largeFitsTheDesktop()
+{
+    QFETCH(QSize, available);
+    QFETCH(QSize, expected);
+    const QSize chrome(12, 65); // frame and menu bar round the play area
+    const QSize area = TableLayout::startArea(available, chrome);
+    QCOMPARE(area, expected);
+    QCOMPARE(area.width() * 3, area.height() * 4);
+    if (area.width() > TableLayout::SmallestStartArea.width()) {
+        QVERIFY(2 * area.width() + chrome.width() <= available.width());
+        QVERIFY(2 * area.height() + chrome.height() <= available.height());
+    }
+}
+
+void TableLayoutTest::platesReadOnEveryCloth_data()
+{
+    QTest::addColumn<QColor>("felt");
+    // "Match Windows" on a light and on a dark desktop, and the extremes a player may choose.
+    QTest::newRow("light desktop face") << QColor(239, 239, 239);
+    QTest::newRow("dark desktop face") << QColor(53, 53, 53);
+    QTest::newRow("white") << QColor(255, 255, 255);
+    QTest::newRow("yellow") << QColor(255, 255, 0);
+    QTest::newRow("black") << QColor(0, 0, 0);
+}
+
+void TableLayoutTest::platesReadOnEveryCloth()
+{
+    QFETCH(QColor, felt);
+    GameState state;
+    state.NumPlayers = 4;
+    state.CurrentPlayer = 1;
+    state.Total = 12;
+    const TableLayout layout = TableLayout::compute({720, 540}, 4);
+    const QPixmap cloth = TablePainter::paintCloth(layout, felt, 1.0);
+    QImage table(layout.area, QImage::Format_RGB32);
+    {
+        QPainter painter(&table);
+        const TableScene scene{state, layout, felt, cloth, QStringLiteral("Player 1's Turn")};
+        TablePainter(painter, scene).paint();
+    }
+    // The white names of the seats that wait are read against their plates: the plate just
+    // inside its left end, clear of the name, must make them read.
+    for (int seat = 2; seat <= 4; ++seat) {
+        const QRect plate = layout.seats[static_cast<size_t>(seat - 1)];
+        const QColor under = table.pixelColor(plate.left() + plate.height() / 4, plate.center().y());
+        QVERIFY2(colours::contrast(Qt::white, under) >= 4.5,
+                 qPrintable(QStringLiteral("seat %1: plate %2").arg(seat).arg(under.name())));
     }
 }
 
@@ -124,5 +208,5 @@ void TableLayoutTest::tallyOrdersByWins()
     QCOMPARE(rows[2].first, QStringLiteral("Player 1"));
 }
 
-QTEST_GUILESS_MAIN(TableLayoutTest)
+QTEST_MAIN(TableLayoutTest)
 #include "tst_table_layout.moc"

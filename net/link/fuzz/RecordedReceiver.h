@@ -25,6 +25,7 @@ public:
         handlers.data = [this](const QByteArray &p) { m_events.append("data:" + p); };
         handlers.leave = [this] { m_events.append("leave"); };
         handlers.welcome = [this] { m_events.append("welcome"); };
+        handlers.overflow = [this] { m_events.append("overflow"); };
         handlers.file = [this](const QString &fileName, const QByteArray &tag) {
             const QFileInfo info(fileName);
             if (!info.fileName().startsWith(QLatin1String("NG")) || info.absolutePath() != QDir(QDir::tempPath()).absolutePath())
@@ -45,6 +46,7 @@ public:
     }
 
     const LinkReceiver &receiver() const { return m_receiver; }
+    LinkReceiver &receiver() { return m_receiver; }
     // Every file reported so far; each must be gone by now.
     const QStringList &fileNames() const { return m_fileNames; }
     const QStringList &badFileNames() const { return m_badFileNames; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LinkProtocol.h"
+#include "LinkReceiver.h"
 
 #include <QByteArray>
 #include <QList>
@@ -14,8 +15,8 @@ namespace qx::link {
 // in memory. Slow, but obviously right; LinkReceiver, which avoids rescanning a long frame, must
 // report exactly the same events after every arrival and hold exactly the same buffer.
 //
-// Events are written as "title:<payload>", "version:", "setup:", "data:", "leave", "welcome" and
-// "file:<tag>:<content>".
+// Events are written as "title:<payload>", "version:", "setup:", "data:", "leave", "welcome",
+// "file:<tag>:<content>" and "overflow" (everything forgotten: the sender must be cut off).
 class ReferenceReceiver {
 public:
     QList<QByteArray> feed(const QByteArray &newData)
@@ -27,8 +28,11 @@ public:
         }
         m_buffer.append(newData);
         qsizetype p = FindMarker(m_buffer);
-        if (p == 0)
+        if (p == 0) {
+            if (m_buffer.size() > LinkReceiver::MaxIncompleteFrame)
+                overflow(events);
             return events;
+        }
         for (;;) {
             m_buffer.remove(0, p);
             qsizetype q = FindMarker(m_buffer);
@@ -38,6 +42,8 @@ public:
             }
             if (q == 0) {
                 m_buffer.prepend(Marker);
+                if (m_buffer.size() > LinkReceiver::MaxIncompleteFrame)
+                    overflow(events);
                 return events;
             }
             const QByteArray body = DecodeData(m_buffer.left(q - 1));
@@ -48,6 +54,10 @@ public:
                 QByteArray tag = body.mid(1, TagLength);
                 while (tag.endsWith(' '))
                     tag.chop(1);
+                if (leadingNumber(body.mid(1 + TagLength)) > m_maxFileSize) {
+                    overflow(events);
+                    return events;
+                }
                 m_tag = tag;
                 m_bytesRemaining = leadingNumber(body.mid(1 + TagLength));
                 m_file.clear();
@@ -73,6 +83,7 @@ public:
         }
     }
 
+    void setMaxFileSize(qint64 bytes) { m_maxFileSize = bytes; }
     const QByteArray &buffer() const { return m_buffer; }
     bool receivingFile() const { return m_receivingFile; }
     qint64 bytesRemaining() const { return m_bytesRemaining; }
@@ -89,6 +100,16 @@ private:
             value = value > (limit - digit) / 10 ? limit : value * 10 + digit;
         }
         return value;
+    }
+
+    void overflow(QList<QByteArray> &events)
+    {
+        m_buffer.clear();
+        m_file.clear();
+        m_tag.clear();
+        m_bytesRemaining = 0;
+        m_receivingFile = false;
+        events.append("overflow");
     }
 
     void fileContent(const QByteArray &data, QList<QByteArray> &events)
@@ -112,6 +133,7 @@ private:
     qint64 m_bytesRemaining = 0;
     QByteArray m_tag;
     QByteArray m_file;
+    qint64 m_maxFileSize = std::numeric_limits<qint64>::max();
 };
 
 } // namespace qx::link

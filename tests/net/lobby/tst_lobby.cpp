@@ -4,7 +4,10 @@
 
 #include "LobbyFixture.h"
 
+#include "LinkProtocol.h"
+
 #include <QTcpServer>
+#include <QTcpSocket>
 
 using namespace qx;
 using namespace qx::test;
@@ -27,6 +30,7 @@ private slots:
     void wrongTitleIsToldAndDropped();
     void startSendsSeatedGuestsOffAndClosesTheLobby();
     void nobodyJoinsAfterTheStart();
+    void lobbyIsOnlyForGuestsThatShookHands();
     void guestLeavingFreesItsSeat();
     void hostCancelEndsTheLobby();
     void guestSelectChecks_data();
@@ -247,7 +251,7 @@ void LobbyTest::startSendsSeatedGuestsOffAndClosesTheLobby()
     lobby.host.dialog.cmdOK->click();
     QVERIFY(!lobby.host.dialog.isVisible());
     QVERIFY(lobby.host.dialog.Tag.isEmpty());
-    QCOMPARE(lobby.host.dialog.Host->MaxConnections(), 3);
+    QCOMPARE(lobby.host.dialog.Host->MaxConnections(), 0);
     QVERIFY(lobby.host.dialog.Host->Hosting()); // the connections carry the game
 
     for (Copy *g : {&ada, &bob}) {
@@ -281,10 +285,13 @@ void LobbyTest::nobodyJoinsAfterTheStart()
     Lobby lobby;
     lobby.openHost();
     Copy &ada = lobby.joinGuest(QStringLiteral("ada"));
+    Copy &bob = lobby.joinGuest(QStringLiteral("bob"));
     Lobby::choose(ada, 1);
     Lobby::waitUntil([&] { return lobby.host.seat(1)->value() == RemoteHuman; });
     lobby.host.dialog.cmdOK->click();
     Lobby::waitUntil([&] { return !ada.dialog.isVisible(); });
+    // The guest left without a seat goes, which frees room below the old limit.
+    Lobby::waitUntil([&] { return !bob.told.isEmpty() && lobby.host.dialog.Host->Connections() == 1; });
 
     Copy &late = lobby.addGuest(QStringLiteral("late"));
     Lobby::waitUntil([&] { return !late.dialog.chkNetwork->isChecked(); });
@@ -292,6 +299,32 @@ void LobbyTest::nobodyJoinsAfterTheStart()
     QCOMPARE(lobby.host.dialog.Host->Connections(), 1);
     QCOMPARE(lobby.host.seat(1)->toolTip(), QStringLiteral("ada"));
     QVERIFY(ada.dialog.Guest->IsConnected());
+}
+
+void LobbyTest::lobbyIsOnlyForGuestsThatShookHands()
+{
+    Lobby lobby;
+    lobby.openHost();
+    QTcpSocket raw;
+    QByteArray received;
+    connect(&raw, &QTcpSocket::readyRead, this, [&] { received += raw.readAll(); });
+    raw.connectToHost(QHostAddress::LocalHost, quint16(lobby.port()));
+    QTRY_VERIFY_WITH_TIMEOUT(raw.state() == QAbstractSocket::ConnectedState, LobbyTimeout);
+    // Seat requests and data before any title or version; then a wrong title.
+    raw.write(link::setupInfoMessage("P1mallory") + link::dataMessage("PLAY100") + link::setupInfoMessage("P2mallory"));
+    raw.write(link::titleMessage("QY") + link::versionMessage(link::toWire(NewGameDialog::appVersion()))
+              + link::setupInfoMessage("P3mallory"));
+    QTRY_VERIFY_WITH_TIMEOUT(raw.state() == QAbstractSocket::UnconnectedState, LobbyTimeout);
+    QVERIFY(!received.contains(link::setupInfoMessage("G1")));
+    QVERIFY(!received.contains(link::setupInfoMessage("G2")));
+    QVERIFY(!received.contains(link::setupInfoMessage("G3")));
+    for (int i = 1; i < MaxSeats; ++i)
+        QCOMPARE(lobby.host.seat(i)->value(), int(Computer));
+
+    // A guest that shook hands properly still gets its seat.
+    Copy &ada = lobby.joinGuest(QStringLiteral("ada"));
+    Lobby::choose(ada, 1);
+    Lobby::waitUntil([&] { return lobby.host.seat(1)->value() == RemoteHuman; });
 }
 
 void LobbyTest::guestLeavingFreesItsSeat()

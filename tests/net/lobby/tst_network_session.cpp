@@ -59,6 +59,8 @@ private slots:
     void guestLeavingMidGameIsPlayedByTheComputer();
     void guestLeavingAnotherSeatWaitsForItsTurn();
     void guestsLeavingAfterTheGameChangeNothing();
+    void guestLeavingUnderTheNewGameDialogIsPlayedAtOnce();
+    void dropFromTheLinkIsIgnored();
     void lostHostEndsTheGuestsGame();
     void cancelledSessionDropsQuietly();
     void takeOverOnAGuestLeavesQuietly();
@@ -72,7 +74,7 @@ void NetworkSessionTest::onlyTheSeatsGuestMayMove()
     const int slot = h.playableSlot(2);
     QVERIFY(slot >= 0);
     const int turns = h.table.captions.size();
-    const QString play = QStringLiteral("PLAY%1").arg(slot) + QStringLiteral("05");
+    const QString play = QStringLiteral("PLAY%1%2").arg(slot).arg(h.session.lines().lastDrawn(), 2, 10, QLatin1Char('0'));
 
     emit h.dialog.Host->ReceiveData(1, play); // another guest
     emit h.dialog.Host->ReceiveData(0, play);
@@ -125,6 +127,28 @@ void NetworkSessionTest::guestsLeavingAfterTheGameChangeNothing()
     emit h.dialog.Host->ClientLeft(1);
     Session::deliver();
     QVERIFY(h.told.isEmpty());
+}
+
+void NetworkSessionTest::guestLeavingUnderTheNewGameDialogIsPlayedAtOnce()
+{
+    Session h;
+    QVERIFY(h.hostWaitingForSeat2());
+    h.state.NetMode = LocalGame; // New was answered with Yes; its dialog is open over the game
+    emit h.dialog.Host->ClientLeft(2);
+    Session::deliver();
+    QCOMPARE(h.told, QStringList{QStringLiteral("Seat 2 left the game and will be run by the computer.")});
+    QCOMPARE(int(h.state.CurrentPlayer), 0); // the computers played the old game to its end
+}
+
+void NetworkSessionTest::dropFromTheLinkIsIgnored()
+{
+    Session h;
+    QVERIFY(h.hostWaitingForSeat2());
+    emit h.dialog.Host->ReceiveData(2, QStringLiteral("DROP"));
+    Session::deliver();
+    QCOMPARE(int(h.state.PlayerType(2)), int(RemoteHuman));
+    QCOMPARE(int(h.state.CurrentPlayer), 2);
+    QVERIFY(h.table.networkTimer);
 }
 
 void NetworkSessionTest::lostHostEndsTheGuestsGame()

@@ -1,3 +1,4 @@
+#include "ArtParts.h"
 #include "CardArt.h"
 #include "PixelChecks.h"
 
@@ -21,6 +22,8 @@ private slots:
     void allFacesDifferPairwise();
     void redSuitsAreRedAndBlackSuitsAreNot();
     void facesAreRoundedCards();
+    void cornerIndicesStayInsideTheBorder_data();
+    void cornerIndicesStayInsideTheBorder();
     void backDesignsAreManyAndAllDiffer();
     void backDesignOutOfRangeIsEmpty();
     void cutToCardShapeClearsOnlyTheCorners();
@@ -119,6 +122,38 @@ void CardArtTest::facesAreRoundedCards()
         const QRgb edge = strip.pixel(r.left() + r.width() / 2, r.top());
         QVERIFY(qAlpha(edge) > 128);
         QVERIFY(qGray(edge) < 200);
+    }
+}
+
+void CardArtTest::cornerIndicesStayInsideTheBorder_data()
+{
+    QTest::addColumn<int>("width");
+    // The card widths of "&Small" tables (compact indices) and of a medium one.
+    for (int width : {28, 31, 35, 38, 44, 50, 53, 71})
+        QTest::addRow("%d pixels wide", width) << width;
+}
+
+void CardArtTest::cornerIndicesStayInsideTheBorder()
+{
+    QFETCH(int, width);
+    const QSize cell(width, qRound(width * 96.0 / 71));
+    const QImage strip = CardArt::renderFaceStrip(cell).convertToFormat(QImage::Format_ARGB32);
+    const qreal unitsX = CardArt::DesignWidth / cell.width();
+    const qreal unitsY = CardArt::DesignHeight / cell.height();
+    const qreal border = std::max(0.75, std::min(unitsX, unitsY));
+    // No red in a pixel whose middle lies on the border or outside it.
+    const QPainterPath inside = CardArt::cardOutline(border);
+    for (int code = 26; code < 39; ++code) { // the red suit's thirteen ranks: red ink is easy to tell
+        const QRect r = CardArt::cellRect(code, cell);
+        for (int y = 0; y < cell.height(); ++y)
+            for (int x = 0; x < cell.width(); ++x) {
+                const QRgb pixel = strip.pixel(r.left() + x, r.top() + y);
+                if (qAlpha(pixel) < 128 || qRed(pixel) - qGreen(pixel) < 60)
+                    continue;
+                const QPointF design((x + 0.5) * unitsX, (y + 0.5) * unitsY);
+                QVERIFY2(inside.contains(design), qPrintable(QStringLiteral("code %1: red ink at %2,%3")
+                                                                 .arg(code).arg(x).arg(y)));
+            }
     }
 }
 
