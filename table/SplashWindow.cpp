@@ -23,7 +23,7 @@ SplashWindow::SplashWindow(QWidget *parent)
     if (m_backdrop.size() != size())
         m_backdrop = CardArt::renderSplashBackdrop();
 
-    Label2 = new QLabel(QStringLiteral("Loading . . ."), this);
+    Label2 = new QLabel(tr("Loading . . ."), this);
     Label2->setObjectName(QStringLiteral("Label2"));
     QFont f = Label2->font();
     f.setPointSize(11);

@@ -24,6 +24,23 @@ struct Message {
     bool finished = false;
 };
 
+// The text of the element just started; lupdate writes control characters such as the "\r" of a
+// line break as <byte value="xd"/>.
+QString elementText(QXmlStreamReader &xml)
+{
+    QString text;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isCharacters())
+            text += xml.text();
+        else if (xml.isStartElement() && xml.name() == QLatin1String("byte"))
+            text += QChar(xml.attributes().value(QLatin1String("value")).mid(1).toUInt(nullptr, 16));
+        else if (xml.isEndElement() && xml.name() != QLatin1String("byte"))
+            break;
+    }
+    return text;
+}
+
 QList<Message> readTs(const QString &path)
 {
     QList<Message> messages;
@@ -44,13 +61,15 @@ QList<Message> readTs(const QString &path)
             } else if (name == QLatin1String("message")) {
                 message = Message{context, {}, {}, false};
             } else if (name == QLatin1String("source")) {
-                message.source = xml.readElementText();
+                message.source = elementText(xml);
             } else if (name == QLatin1String("translation")) {
                 message.finished = xml.attributes().value(QLatin1String("type")).isEmpty();
-                message.translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+                message.translation = elementText(xml);
             }
         }
     }
+    if (xml.hasError())
+        qWarning("%s, line %lld: %s", qPrintable(path), xml.lineNumber(), qPrintable(xml.errorString()));
     return messages;
 }
 
