@@ -520,6 +520,10 @@ Möglicherweise belegt ein anderes Programm oder eine andere QX-Kopie den TCP-Po
         <source>Loading . . .</source>
         <translation>Wird geladen . . .</translation>
     </message>
+    <message>
+        <source>Keep the total under 100.</source>
+        <translation>Halten Sie die Summe unter 100.</translation>
+    </message>
 </context>
 <context>
     <name>qx::StrikesWindow</name>

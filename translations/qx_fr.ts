@@ -520,6 +520,10 @@ Un autre programme, ou une autre copie de QX, utilise peut-être le port TCP %2.
         <source>Loading . . .</source>
         <translation>Chargement . . .</translation>
     </message>
+    <message>
+        <source>Keep the total under 100.</source>
+        <translation>Gardez le total sous 100.</translation>
+    </message>
 </context>
 <context>
     <name>qx::StrikesWindow</name>
