@@ -96,7 +96,7 @@ QString HelpWindow::pathOf(int topic) const
     // help has not been translated into reads the English pages.
     const QString page = pageOf(topic);
     const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
-    const QString translated = m_folder + QLatin1Char('/') + language + QLatin1Char('/') + page;
+    QString translated = m_folder + QLatin1Char('/') + language + QLatin1Char('/') + page;
     if (!language.isEmpty() && QFileInfo::exists(translated))
         return translated;
     return m_folder + QLatin1Char('/') + page;

@@ -488,7 +488,7 @@ Möglicherweise belegt ein anderes Programm oder eine andere QX-Kopie den TCP-Po
     <name>qx::Reg</name>
     <message>
         <source>It is a folder, not a file</source>
-        <translation>Es ist ein Ordner, keine Datei</translation>
+        <translation>Das ist ein Ordner, keine Datei</translation>
     </message>
     <message>
         <source>It cannot be read</source>
