@@ -178,6 +178,8 @@ void GameLines::NetworkGuest(const QString &received)
     if (!ProcessNetLine(line))
         return;
     ++m_guestLines;
+    // Each line starts a new moment of the game: Take Over waits until this guest is asked again.
+    m_table.setTakeOverEnabled(false);
     m_table.refreshStrikeMarks();
     m_table.refresh();
 
@@ -212,12 +214,12 @@ void GameLines::playGuestTurn()
 {
     m_table.setNetworkTimer(false);
     m_table.hideWaitIndicator();
-    m_table.setTakeOverEnabled(true);
     m_table.setCaption(GameTexts::yourTurn());
     m_engine.showHand(m_netSeat);
     if (m_state.isOut(m_netSeat))
         return; // an eliminated seat does not play
 
+    m_table.setTakeOverEnabled(true);
     m_engine.setPileTag(QString());
     m_table.showMessage(GameTexts::yourTurn());
     // The player's click fills the pile tag with the slot played and refills that slot with the

@@ -255,6 +255,28 @@ private slots:
         QCOMPARE(int(f.state.Total), 50);
     }
 
+    void takeOverOnlyWhileAskedForACard()
+    {
+        LinesFixture f;
+        f.guestStarted(2);
+        bool enabledWhileAsked = false;
+        f.table.onWaitUntil = [&] {
+            enabledWhileAsked = f.table.takeOverEnabled;
+            // The host moves on to seat 1 while this player still thinks.
+            f.lines.NetworkGuest(QStringLiteral("1021" "07" "-1" "00" "50" "011051"));
+        };
+        f.lines.NetworkGuest(QStringLiteral("1121" "07" "-1" "00" "50" "011051"));
+        QVERIFY(enabledWhileAsked);
+        QVERIFY(!f.table.takeOverEnabled);
+
+        // A seat that is out is shown its cards and asked for nothing.
+        f.table.onWaitUntil = nullptr;
+        f.lines.NetworkGuest(QStringLiteral("1021" "07" "-1" "03" "50" "011051"));
+        f.lines.NetworkGuest(QStringLiteral("1121" "07" "-1" "03" "50" "011051"));
+        QVERIFY(!f.table.takeOverEnabled);
+        QCOMPARE(f.table.failedWaits, 0);
+    }
+
     void guestShowsOnlyWhatItKnows()
     {
         LinesFixture f;
