@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 #include "QuitWhenShown.h"
 #include "SplashWindow.h"
+#include "Translations.h"
 
 #include <QApplication>
 
@@ -8,6 +9,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("QX"));
+    qx::installTranslations(app);
 
     // The splash covers the main window's loading.
     qx::SplashWindow splash;
@@ -23,5 +25,6 @@ int main(int argc, char *argv[])
     window.showStartUpMessages();
 
     qx::quitWhenShownIfAsked();
+    qx::printCaptionsWhenShownIfAsked(window);
     return QApplication::exec();
 }

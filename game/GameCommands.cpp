@@ -1,5 +1,6 @@
 #include "TurnEngine.h"
 
+#include "GameTexts.h"
 #include "Table.h"
 
 namespace qx {
@@ -25,7 +26,7 @@ void TurnEngine::StartNewGame(const NewGameSetup &setup)
     m_state.Total = 0;
     m_state.CurrentPlayer = 1;
     m_state.Direction = 1;
-    m_table.setCaption(QStringLiteral("1's Turn"));
+    m_table.setCaption(GameTexts::turnCaption(1));
     m_table.refresh();
 
     m_state.NetMode = setup.netMode;
@@ -51,8 +52,7 @@ void TurnEngine::StartNewGame(const NewGameSetup &setup)
     // and paused for a second time.
     if (m_table.isChecked(Check::PauseBeforeHumans)) {
         m_table.setTakeOverEnabled(false);
-        m_table.showMessage(QStringLiteral("Player ") + QString::number(m_state.CurrentPlayer)
-                            + QStringLiteral("'s Turn"));
+        m_table.showMessage(GameTexts::playerTurn(m_state.CurrentPlayer));
         WaitForResume();
         if (!sameGame(serial))
             return;
@@ -89,7 +89,7 @@ void TurnEngine::TakeOver()
 
 void TurnEngine::AbandonGame()
 {
-    m_table.setCaption(QStringLiteral("Press 'F2' to begin"));
+    m_table.setCaption(GameTexts::idleCaption());
     m_table.showMessage(QString());
     m_table.setTakeOverEnabled(false);
     clearHand();

@@ -1,5 +1,6 @@
 #include "TurnEngine.h"
 
+#include "GameTexts.h"
 #include "RandomSource.h"
 #include "Table.h"
 
@@ -8,8 +9,6 @@
 namespace qx {
 
 namespace {
-
-const QString ShufflingCaption = QStringLiteral("Shuffling . . .");
 
 // The numeric value of a text as the deck tag reads it: leading blanks, an optional sign and the
 // digits that follow; anything else ends the number, and text without digits is 0.
@@ -59,7 +58,7 @@ void TurnEngine::sortStock(std::vector<float> &keys, int first, int last)
 void TurnEngine::ShuffleDeck()
 {
     const QString saved = m_table.caption();
-    m_table.setCaption(ShufflingCaption);
+    m_table.setCaption(GameTexts::shufflingCaption());
     std::vector<float> keys = freshStock();
     sortStock(keys, 1, m_state.stockSize());
     m_state.DeckPos = 1;
@@ -104,7 +103,7 @@ void TurnEngine::takeOutPileCard(int &removed)
 void TurnEngine::ReshuffleDeck()
 {
     const QString saved = m_table.caption();
-    m_table.setCaption(ShufflingCaption);
+    m_table.setCaption(GameTexts::shufflingCaption());
     std::vector<float> keys = freshStock();
     int removed = 0;
     takeOutHeldCards(removed);

@@ -1,5 +1,6 @@
 #include "TurnEngine.h"
 
+#include "GameTexts.h"
 #include "NetworkHooks.h"
 #include "Table.h"
 
@@ -18,19 +19,8 @@ void TurnEngine::TakeStrike()
         m_net->sendGameLine();
     setPileTag(QString());
 
-    QString message = QStringLiteral("Player ") + QString::number(seat) + QStringLiteral("\r\nStrike ")
-                      + QString::number(strikes) + QLatin1Char('!');
     const bool out = strikes >= StrikesOut;
-    if (out) {
-        // The computer speaks of itself in the first person.
-        switch (m_state.PlayerType(seat)) {
-        case LocalHuman: message += QStringLiteral(" You're Out!"); break;
-        case RemoteHuman: message += QStringLiteral(" They're Out!"); break;
-        case Computer: message += QStringLiteral(" I'm Out!"); break;
-        default: break;
-        }
-    }
-    m_table.showMessage(message);
+    m_table.showMessage(GameTexts::strike(seat, strikes, out, m_state.PlayerType(seat)));
     if (!pauseOrWait(Check::PauseAfterStrikes, 1.5))
         return;
 
@@ -57,7 +47,7 @@ void TurnEngine::announceWinner()
     for (int seat = 1; seat <= m_state.NumPlayers; ++seat) {
         if (m_state.isOut(seat))
             continue;
-        m_table.showMessage(QStringLiteral("Player ") + QString::number(seat) + QStringLiteral(" wins!"));
+        m_table.showMessage(GameTexts::wins(seat));
         if (m_table.isChecked(Check::Sound) && m_state.PlayerType(seat) == LocalHuman)
             m_table.playCheer();
         if (m_state.NetMode == NetHostMode && m_net)
@@ -80,7 +70,7 @@ void TurnEngine::startNewRound()
     // Every seat, out or not, is dealt from a full new stock.
     ShuffleDeck();
     DealCards();
-    m_table.setCaption(QStringLiteral("1's Turn"));
+    m_table.setCaption(GameTexts::turnCaption(1));
     // The engine's next advance lands on seat 1, or the next seat still in play.
     m_state.CurrentPlayer = m_state.NumPlayers;
     m_table.refresh();
@@ -93,7 +83,7 @@ void TurnEngine::GameOver()
     m_table.setGuestMenusEnabled(true);
     m_table.hideWaitIndicator();
     m_table.setNetworkTimer(false);
-    m_table.setCaption(QStringLiteral("Press 'F2' to begin"));
+    m_table.setCaption(GameTexts::idleCaption());
     clearHand();
     clearPile();
     setPileTag(QString());

@@ -1,13 +1,10 @@
 #include "TurnEngine.h"
 
+#include "GameTexts.h"
 #include "NetworkHooks.h"
 #include "Table.h"
 
 namespace qx {
-
-namespace {
-const QString TurnSuffix = QStringLiteral("'s Turn");
-}
 
 void TurnEngine::WaitForResume()
 {
@@ -63,7 +60,7 @@ void TurnEngine::PlayTurns()
         m_state.CurrentPlayer = static_cast<int16_t>(seat);
         // Nobody may hand a seat over until a person here is asked for a card.
         m_table.setTakeOverEnabled(false);
-        m_table.setCaption(QString::number(seat) + TurnSuffix);
+        m_table.setCaption(GameTexts::turnCaption(seat));
         m_table.refresh();
         m_table.refreshStrikeMarks();
 
@@ -77,7 +74,7 @@ void TurnEngine::PlayTurns()
             m_net->sendGameLine();
 
         if (kind == LocalHuman) {
-            m_table.showMessage(QStringLiteral("Player ") + QString::number(seat) + TurnSuffix);
+            m_table.showMessage(GameTexts::playerTurn(seat));
             m_table.processEvents();
             if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeHumans) || !turnGoesOn())
                 return;
@@ -97,7 +94,7 @@ void TurnEngine::PlayTurns()
             }
             TakeStrike();
         } else {
-            m_table.showMessage(QStringLiteral("Computer Player ") + QString::number(seat) + TurnSuffix);
+            m_table.showMessage(GameTexts::computerTurn(seat));
             m_table.processEvents();
             if (!turnGoesOn() || !pauseOrWait(Check::PauseBeforeComputers) || !turnGoesOn())
                 return;

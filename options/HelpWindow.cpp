@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QToolButton>
@@ -22,7 +23,7 @@ public:
     {
         if (type == QTextDocument::HtmlResource && name.isLocalFile() && !QFileInfo::exists(name.toLocalFile())) {
             const QString file = name.toLocalFile().toHtmlEscaped();
-            return QStringLiteral("<html><body><h2>Help page not found</h2>"
+            return QCoreApplication::translate("qx::HelpWindow", "<html><body><h2>Help page not found</h2>"
                                   "<p>The help page <b>%1</b> is missing, so this topic cannot be shown.</p>"
                                   "<p>The help pages belong in the <i>help</i> folder beside the program; "
                                   "building QX again puts them back.</p></body></html>")
@@ -45,12 +46,12 @@ QToolButton *button(const QString &text, QWidget *parent)
 HelpWindow::HelpWindow(QWidget *parent, const QString &folder)
     : QWidget(parent, Qt::Window), m_folder(folder.isEmpty() ? defaultFolder() : folder)
 {
-    setWindowTitle(QStringLiteral("QX Help"));
+    setWindowTitle(tr("QX Help"));
     resize(560, 520);
 
-    m_back = button(QStringLiteral("&Back"), this);
-    m_forward = button(QStringLiteral("&Forward"), this);
-    m_home = button(QStringLiteral("&Contents"), this);
+    m_back = button(tr("&Back"), this);
+    m_forward = button(tr("&Forward"), this);
+    m_home = button(tr("&Contents"), this);
     m_browser = new HelpBrowser(this);
     m_browser->setOpenExternalLinks(true);
     m_back->setEnabled(false);
@@ -89,9 +90,21 @@ QString HelpWindow::pageOf(int topic)
     }
 }
 
+QString HelpWindow::pathOf(int topic) const
+{
+    // The translated pages live in a folder named by the language ("de", "fr"); a language the
+    // help has not been translated into reads the English pages.
+    const QString page = pageOf(topic);
+    const QString language = QLocale().name().section(QLatin1Char('_'), 0, 0);
+    QString translated = m_folder + QLatin1Char('/') + language + QLatin1Char('/') + page;
+    if (!language.isEmpty() && QFileInfo::exists(translated))
+        return translated;
+    return m_folder + QLatin1Char('/') + page;
+}
+
 void HelpWindow::showTopic(int topic)
 {
-    m_browser->setSource(QUrl::fromLocalFile(m_folder + QLatin1Char('/') + pageOf(topic)));
+    m_browser->setSource(QUrl::fromLocalFile(pathOf(topic)));
     show();
     raise();
     activateWindow();

@@ -8,9 +8,10 @@ class QToolButton;
 
 namespace qx {
 
-// The program's help: the HTML pages shipped in the help/ folder beside the program, in a small
-// browser window with Back, Forward and Contents buttons. Links between the pages work; a page
-// that is missing shows a text saying so instead of an empty window.
+// The program's help: the HTML pages shipped in the help/ folder beside the program (translated
+// pages in help/<language>/), in a small browser window with Back, Forward and Contents buttons.
+// Links between the pages work; a page that is missing shows a text saying so instead of an
+// empty window.
 class HelpWindow : public QWidget {
     Q_OBJECT
 public:
@@ -23,6 +24,9 @@ public:
     // "contents.html", "rules.html", "strategy.html"; an unknown topic opens the contents.
     static QString pageOf(int topic);
 
+    // The topic's page in the player's language (the default locale's) when the help folder has
+    // it, the English page otherwise.
+    QString pathOf(int topic) const;
     // Shows the window (raised, in front) at the topic's page.
     void showTopic(int topic);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QList>
 
 class QAction;
@@ -14,6 +15,9 @@ namespace qx {
 // index is small (mnuOASpeed by frame count 0, 5, 10, 20; mnuODNum by pack count 1..4;
 // mnuCSize by scale 1, 2, 4).
 struct Menus {
+    Q_DECLARE_TR_FUNCTIONS(qx::Menus)
+
+public:
     QMenu *mnuGame = nullptr;
     QAction *mnuGNew = nullptr;
     QAction *mnuGTakeOver = nullptr;

@@ -110,7 +110,7 @@ void OptionsCommands::mnuODNum_Click(int packs)
     if (!item)
         return;
     if (m_state.gameRunning()) {
-        if (!m_target.askYesNo(QStringLiteral("You will have to begin a new game after this change. Continue?")))
+        if (!m_target.askYesNo(tr("You will have to begin a new game after this change. Continue?")))
             return;
         m_target.abandonGame();
     }
@@ -135,7 +135,7 @@ void OptionsCommands::mnuOCCustom_Click()
     if (!m_colorDialog) {
         m_chosenColor = BackColor::toQColor(m_target.backColor());
         m_colorDialog = new QColorDialog(m_chosenColor, m_target.optionsWindow());
-        m_colorDialog->setWindowTitle(QStringLiteral("Background Color"));
+        m_colorDialog->setWindowTitle(tr("Background Color"));
     }
     m_colorDialog->setCurrentColor(m_chosenColor);
     m_target.runDialog(*m_colorDialog);

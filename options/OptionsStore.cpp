@@ -46,8 +46,8 @@ OptionsStore::OptionsStore(const Menus &menus, GameState &state, OptionsTarget &
 
 QString OptionsStore::refusalText(const QString &section, const QString &key, const QString &value)
 {
-    return QStringLiteral("The setting \"%1\" in section \"%2\" has the value \"%3\", which QX cannot use. "
-                          "The current value is kept.")
+    return tr("The setting \"%1\" in section \"%2\" has the value \"%3\", which QX cannot use. "
+              "The current value is kept.")
         .arg(key, section, value);
 }
 
@@ -57,29 +57,29 @@ QString OptionsStore::missingKeysText(const QString &section, const QStringList 
     for (const QString &key : keys)
         quoted.append(QLatin1Char('"') + key + QLatin1Char('"'));
     if (keys.size() == 1)
-        return QStringLiteral("The setting %1 is missing from section \"%2\". Its current value is kept.")
+        return tr("The setting %1 is missing from section \"%2\". Its current value is kept.")
             .arg(quoted.first(), section);
-    return QStringLiteral("The settings %1 are missing from section \"%2\". Their current values are kept.")
+    return tr("The settings %1 are missing from section \"%2\". Their current values are kept.")
         .arg(quoted.join(QStringLiteral(", ")), section);
 }
 
 QString OptionsStore::faultText(const RegFault &fault, Moment moment)
 {
-    const QString cannotRead = QStringLiteral("QX cannot read its settings file %1: %2. ").arg(fault.path, fault.reason);
     switch (moment) {
     case AtStart:
         if (fault.kind == RegFault::CannotRead)
-            return cannotRead + QStringLiteral("It starts with the built-in options.");
-        return QStringLiteral("QX cannot write its settings file %1: %2. Options can still be changed, but Save "
-                              "Options cannot keep them.")
+            return tr("QX cannot read its settings file %1: %2. It starts with the built-in options.")
+                .arg(fault.path, fault.reason);
+        return tr("QX cannot write its settings file %1: %2. Options can still be changed, but Save "
+                  "Options cannot keep them.")
             .arg(fault.path, fault.reason);
     case AtRestore:
-        return cannotRead + QStringLiteral("The options in use are kept.");
+        return tr("QX cannot read its settings file %1: %2. The options in use are kept.").arg(fault.path, fault.reason);
     case AtSave:
         break;
     }
-    return QStringLiteral("QX cannot save its options to %1: %2. The options in use are kept, and the file is left "
-                          "as it was.")
+    return tr("QX cannot save its options to %1: %2. The options in use are kept, and the file is left "
+              "as it was.")
         .arg(fault.path, fault.reason);
 }
 

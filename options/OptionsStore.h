@@ -3,6 +3,7 @@
 #include "Menus.h"
 #include "Reg.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -20,6 +21,8 @@ inline constexpr char DefaultSection[] = "Default";
 // globals Frames, NumberOfDecks and CardBack, the window's colour or its geometry (in pixels).
 // The store's application name must be set (SetRegApp) before either call.
 class OptionsStore {
+    Q_DECLARE_TR_FUNCTIONS(qx::OptionsStore)
+
 public:
     OptionsStore(const Menus &menus, GameState &state, OptionsTarget &target);
 

@@ -1,5 +1,6 @@
 #include "Reg.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -36,11 +37,11 @@ void noteFault(RegFault::Kind kind, const QString &path, const QString &reason)
 QString readProblem(const QString &path)
 {
     if (QFileInfo(path).isDir())
-        return QStringLiteral("It is a folder, not a file");
+        return QCoreApplication::translate("qx::Reg", "It is a folder, not a file");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return file.errorString();
-    return QStringLiteral("It cannot be read");
+    return QCoreApplication::translate("qx::Reg", "It cannot be read");
 }
 
 // Why the file cannot be written, or nothing when it can: the same temporary file beside it that
@@ -49,9 +50,9 @@ QString writeProblem(const QString &path)
 {
     const QString folder = QFileInfo(path).path();
     if (!QDir().mkpath(folder))
-        return QStringLiteral("The folder %1 cannot be made").arg(folder);
+        return QCoreApplication::translate("qx::Reg", "The folder %1 cannot be made").arg(folder);
     if (QFileInfo(path).isDir())
-        return QStringLiteral("It is a folder, not a file");
+        return QCoreApplication::translate("qx::Reg", "It is a folder, not a file");
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
@@ -80,7 +81,7 @@ public:
             m_settings->sync();
             if (m_settings->status() == QSettings::AccessError) {
                 const QString why = writeProblem(path);
-                noteFault(RegFault::CannotWrite, path, why.isEmpty() ? QStringLiteral("It cannot be written") : why);
+                noteFault(RegFault::CannotWrite, path, why.isEmpty() ? QCoreApplication::translate("qx::Reg", "It cannot be written") : why);
             }
         } else if (const QString why = writeProblem(path); !why.isEmpty()) {
             // Nothing needed writing, but the player must still learn that a save would fail.

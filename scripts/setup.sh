@@ -6,6 +6,7 @@ packages=(
   build-essential cmake ninja-build pkg-config
   clang clang-tidy libclang-rt-14-dev
   qt6-base-dev qt6-base-dev-tools qt6-multimedia-dev qt6-qpa-plugins
+  qt6-l10n-tools qt6-translations-l10n  # lupdate and lrelease; Qt's own texts (Yes, No, Cancel) in each language
   libgl-dev libxkbcommon-dev
   libbenchmark-dev
   fonts-dejavu-core

@@ -13,7 +13,7 @@ namespace qx {
 AboutBox::AboutBox(QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmAbout"));
-    setWindowTitle(QStringLiteral("About QX"));
+    setWindowTitle(tr("About QX"));
 
     Picture1 = new QLabel(this);
     Picture1->setObjectName(QStringLiteral("Picture1"));
@@ -26,14 +26,14 @@ AboutBox::AboutBox(QWidget *parent) : QDialog(parent)
     title.setPointSize(24);
     Label1->setFont(title);
 
-    Label3 = new QLabel(QStringLiteral("See ORDER.TXT to order more from the Brackenfall Series or other games."), this);
+    Label3 = new QLabel(tr("See ORDER.TXT to order more from the Brackenfall Series or other games."), this);
     Label3->setObjectName(QStringLiteral("Label3"));
     Label3->setWordWrap(true);
 
-    Label2 = new QLabel(QStringLiteral("Version 1.1. Cards, pictures and sounds drawn by the program itself."), this);
+    Label2 = new QLabel(tr("Version 1.1. Cards, pictures and sounds drawn by the program itself."), this);
     Label2->setObjectName(QStringLiteral("Label2"));
 
-    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
+    cmdOK = new QPushButton(tr("&OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
     // The box is only hidden: it stays ready for the next time.

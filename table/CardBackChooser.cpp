@@ -49,7 +49,7 @@ CardBackChooser::CardBackChooser(QWidget *parent, const QString &folder)
     : QDialog(parent), m_folder(folder.isEmpty() ? QCoreApplication::applicationDirPath() : folder)
 {
     setObjectName(QStringLiteral("frmCardBack"));
-    setWindowTitle(QStringLiteral("Choose a card back"));
+    setWindowTitle(tr("Choose a card back"));
     load();
 }
 

@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "GameTexts.h"
 #include "AboutBox.h"
 #include "Animation.h"
 #include "CardBackChooser.h"
@@ -33,7 +34,7 @@ namespace qx {
 namespace {
 // Room for a window manager's title bar and borders round the window.
 constexpr QSize WindowFrameAllowance(12, 40);
-const QString IdleCaption = QStringLiteral("Press 'F2' to begin");
+
 } // namespace
 
 MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(parent)
@@ -88,7 +89,7 @@ MainWindow::MainWindow(QWidget *parent, RandomSource *random) : QMainWindow(pare
     m_state.Frames = 10;
     m_state.NumberOfDecks = 1;
     m_menus.mnuGTakeOver->setEnabled(false);
-    setCaption(IdleCaption);
+    setCaption(GameTexts::idleCaption());
     // "&Large" doubles the play area: the first size leaves it room on the desktop. The frame is
     // not known before the window is shown; WindowFrameAllowance stands for it.
     const int menuHeight = menuBar()->sizeHint().height();
@@ -224,7 +225,7 @@ CardSlot *MainWindow::slotOf(int slot) const { return m_view->slot(slot); }
 void MainWindow::mnuGNew_Click()
 {
     if (m_state.NetMode != LocalGame) {
-        if (!ask(QStringLiteral("Are you sure you want to end this network game?")))
+        if (!ask(tr("Are you sure you want to end this network game?")))
             return;
         // Cancel ends the network session; the dialog's own Tag is not the answer here.
         newGameDialog()->cmdCancel->click();
@@ -276,7 +277,7 @@ void MainWindow::mnuGExit_Click()
         endProgram();
         return;
     }
-    if (ask(QStringLiteral("Are you sure you want to quit?")))
+    if (ask(tr("Are you sure you want to quit?")))
         endProgram();
 }
 

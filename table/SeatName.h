@@ -2,6 +2,8 @@
 
 #include "GameState.h"
 
+#include <QCoreApplication>
+#include <QCoreApplication>
 #include <QString>
 
 namespace qx {
@@ -15,7 +17,8 @@ inline QString seatDisplayName(const GameState &state, int seat)
     if (!given.isEmpty())
         return given;
     const bool computer = state.PlayerType(seat) == Computer && state.NetMode != NetGuestMode;
-    return (computer ? QStringLiteral("Computer ") : QStringLiteral("Player ")) + QString::number(seat);
+    return computer ? QCoreApplication::translate("qx::SeatName", "Computer %1").arg(seat)
+                    : QCoreApplication::translate("qx::SeatName", "Player %1").arg(seat);
 }
 
 } // namespace qx

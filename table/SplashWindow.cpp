@@ -23,7 +23,20 @@ SplashWindow::SplashWindow(QWidget *parent)
     if (m_backdrop.size() != size())
         m_backdrop = CardArt::renderSplashBackdrop();
 
-    Label2 = new QLabel(QStringLiteral("Loading . . ."), this);
+    // Written over the backdrop rather than drawn into it, so that it follows the language.
+    auto *tagline = new QLabel(tr("Keep the total under 100."), this);
+    tagline->setObjectName(QStringLiteral("lblTagline"));
+    tagline->setWordWrap(true);
+    tagline->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    QFont taglineFont = tagline->font();
+    taglineFont.setPixelSize(14);
+    tagline->setFont(taglineFont);
+    QPalette taglinePalette = tagline->palette();
+    taglinePalette.setColor(QPalette::WindowText, QColor(244, 236, 210));
+    tagline->setPalette(taglinePalette);
+    tagline->setGeometry(CardArt::splashTaglineRect());
+
+    Label2 = new QLabel(tr("Loading . . ."), this);
     Label2->setObjectName(QStringLiteral("Label2"));
     QFont f = Label2->font();
     f.setPointSize(11);

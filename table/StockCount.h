@@ -2,6 +2,7 @@
 
 #include "GameState.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <algorithm>
@@ -15,7 +16,8 @@ inline QString stockCountText(const GameState &state)
     if ((!state.gameRunning() && state.Total < 0) || state.NetMode == NetGuestMode)
         return {};
     const int left = std::max(0, state.stockSize() - state.DeckPos + 1);
-    return left == 1 ? QStringLiteral("1 card left") : QStringLiteral("%1 cards left").arg(left);
+    return left == 1 ? QCoreApplication::translate("qx::TablePainter", "1 card left")
+                     : QCoreApplication::translate("qx::TablePainter", "%1 cards left").arg(left);
 }
 
 } // namespace qx

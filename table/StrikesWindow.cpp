@@ -32,7 +32,7 @@ StrikesWindow::StrikesWindow(const GameState &state, QWidget *mainWindow, const 
     : QWidget(mainWindow, Qt::Tool), m_state(state), m_main(mainWindow), m_table(table)
 {
     setObjectName(QStringLiteral("frmStrikes"));
-    setWindowTitle(QStringLiteral("Strikes"));
+    setWindowTitle(tr("Strikes"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     resize(132, 339);
     m_main->installEventFilter(this);
@@ -166,7 +166,7 @@ void StrikesWindow::paintEvent(QPaintEvent *)
         p.setFont(small);
         p.setPen(quiet);
         p.drawText(rect().adjusted(0, qRound(t / 4), 0, 0), Qt::AlignHCenter | Qt::AlignTop,
-                   QStringLiteral("Strikes"));
+                   tr("Strikes"));
         return;
     }
 

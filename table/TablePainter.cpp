@@ -210,7 +210,7 @@ void TablePainter::paintSeat(int seat, const QRect &plate)
         p.setFont(font(h * 0.24, true));
         p.setPen(QColor(255, 120, 110, 200));
         p.drawText(QRectF(r.left(), y - h * 0.02, r.width(), mark + h * 0.04), Qt::AlignCenter,
-                   QStringLiteral("OUT"));
+                   tr("OUT"));
         return;
     }
     for (int k = 0; k < 3; ++k, x += mark + markGap) {
@@ -236,7 +236,7 @@ void TablePainter::paintMessage()
     QString text = s.message;
     const bool hint = text.isEmpty() && !s.state.gameRunning();
     if (hint)
-        text = QStringLiteral("Press F2 to begin");
+        text = tr("Press F2 to begin");
     if (text.isEmpty())
         return;
 
@@ -291,10 +291,10 @@ void TablePainter::paintKeys()
 TablePainter::TallyHead TablePainter::tallyHead(const TableLayout &layout, int gamesPlayed)
 {
     const qreal room = layout.tally.width() - 2 * tallyPadding(layout);
-    TallyHead head{tableFont(0.03 * layout.unit * 1.1, true), QStringLiteral("of %1").arg(gamesPlayed)};
+    TallyHead head{tableFont(0.03 * layout.unit * 1.1, true), tr("of %1").arg(gamesPlayed)};
     auto needed = [&] {
         const QFontMetricsF fm(head.font);
-        return fm.horizontalAdvance(QStringLiteral("Games won")) + fm.horizontalAdvance(QLatin1Char(' '))
+        return fm.horizontalAdvance(tr("Games won")) + fm.horizontalAdvance(QLatin1Char(' '))
                + fm.horizontalAdvance(head.played);
     };
     while (head.font.pixelSize() > 6 && needed() > room)
@@ -332,7 +332,7 @@ void TablePainter::paintTally()
     p.setFont(head);
     p.setPen(Gold);
     p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignLeft | Qt::AlignVCenter,
-               QStringLiteral("Games won"));
+               tr("Games won"));
     p.setFont(body);
     p.setPen(QColor(255, 255, 255, 170));
     p.drawText(QRectF(inner.left(), inner.top(), inner.width(), lineH), Qt::AlignRight | Qt::AlignVCenter,
@@ -342,7 +342,7 @@ void TablePainter::paintTally()
     if (rows.empty()) {
         p.setPen(QColor(255, 255, 255, 140));
         p.drawText(QRectF(inner.left(), y, inner.width(), lineH), Qt::AlignLeft | Qt::AlignVCenter,
-                   QStringLiteral("No winner yet"));
+                   tr("No winner yet"));
         return;
     }
     const QFontMetricsF fm(body);

@@ -3,6 +3,7 @@
 #include "TableLayout.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QFont>
 #include <QPixmap>
 #include <QString>
@@ -30,6 +31,8 @@ struct TableScene {
 
 // Paints the table: felt, seat plates, running total, messages, key hints and the tally.
 class TablePainter {
+    Q_DECLARE_TR_FUNCTIONS(qx::TablePainter)
+
 public:
     TablePainter(QPainter &painter, const TableScene &scene) : p(painter), s(scene) {}
     void paint();

@@ -30,7 +30,7 @@ TableView::TableView(const GameState &state, CardImages &images, QWidget *parent
     m_wait->setScaledContents(true);
     m_wait->hide();
 
-    m_continue = new QPushButton(QStringLiteral("&Resume"), this);
+    m_continue = new QPushButton(tr("&Resume"), this);
     m_continue->setObjectName(QStringLiteral("cmdContinue"));
     m_continue->setCursor(Qt::PointingHandCursor);
     m_continue->hide();

@@ -48,13 +48,13 @@ void TablePainter::paintTotal()
 
     p.setFont(font(d * 0.11, true));
     p.setPen(QColor(110, 100, 80));
-    p.drawText(QRectF(box.left(), box.top() + d * 0.14, d, d * 0.16), Qt::AlignCenter, QStringLiteral("TOTAL"));
+    p.drawText(QRectF(box.left(), box.top() + d * 0.14, d, d * 0.16), Qt::AlignCenter, tr("TOTAL"));
     p.setFont(font(d * 0.42, true));
     p.setPen(total >= 90 ? StrikeRed.darker(120) : QColor(40, 36, 30));
     p.drawText(QRectF(box.left(), box.top() + d * 0.27, d, d * 0.5), Qt::AlignCenter, QString::number(total));
     p.setFont(font(d * 0.1));
     p.setPen(QColor(120, 110, 90));
-    p.drawText(QRectF(box.left(), box.top() + d * 0.74, d, d * 0.13), Qt::AlignCenter, QStringLiteral("of 99"));
+    p.drawText(QRectF(box.left(), box.top() + d * 0.74, d, d * 0.13), Qt::AlignCenter, tr("of 99"));
 
     // Which way play goes round the table: clockwise while Direction is +1.
     const qreal ringR = d / 2 + 0.028 * u;

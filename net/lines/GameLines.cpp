@@ -1,6 +1,7 @@
 #include "GameLines.h"
 
 #include "GameState.h"
+#include "GameTexts.h"
 #include "Table.h"
 #include "TurnEngine.h"
 
@@ -193,8 +194,7 @@ void GameLines::NetworkGuest(const QString &received)
         return;
     if (m_state.CurrentPlayer != m_netSeat) {
         const QString &name = m_state.PlayerName(m_state.CurrentPlayer);
-        m_table.setCaption((name.isEmpty() ? QString::number(m_state.CurrentPlayer) : name)
-                           + QStringLiteral("'s Turn"));
+        m_table.setCaption(GameTexts::turnCaption(name.isEmpty() ? QString::number(m_state.CurrentPlayer) : name));
         return;
     }
     playGuestTurn();
@@ -203,26 +203,25 @@ void GameLines::NetworkGuest(const QString &received)
 void GameLines::showGuestStrike()
 {
     const int count = m_state.Strikes(m_strikeSeat);
-    const QString strike = QStringLiteral("Strike %1!").arg(count);
+    const bool out = count >= StrikesOut;
     if (m_strikeSeat == m_netSeat)
-        m_table.showMessage(strike + (count >= StrikesOut ? QStringLiteral(" You're Out!") : QString()));
+        m_table.showMessage(GameTexts::ownStrike(count, out));
     else
-        m_table.showMessage(QStringLiteral("Player %1\r\n").arg(m_strikeSeat) + strike
-                            + (count >= StrikesOut ? QStringLiteral(" They're Out!") : QString()));
+        m_table.showMessage(GameTexts::strike(m_strikeSeat, count, out, RemoteHuman));
 }
 
 void GameLines::playGuestTurn()
 {
     m_table.setNetworkTimer(false);
     m_table.hideWaitIndicator();
-    m_table.setCaption(QStringLiteral("Your Turn"));
+    m_table.setCaption(GameTexts::yourTurn());
     m_engine.showHand(m_netSeat);
     if (m_state.isOut(m_netSeat))
         return; // an eliminated seat does not play
 
     m_table.setTakeOverEnabled(true);
     m_engine.setPileTag(QString());
-    m_table.showMessage(QStringLiteral("Your Turn"));
+    m_table.showMessage(GameTexts::yourTurn());
     // The player's click fills the pile tag with the slot played and refills that slot with the
     // card of field 5. Taking over or losing the host ends this game instead.
     // A newer line ends this wait too, so an older wait never sends a second play after it.
@@ -248,11 +247,11 @@ void GameLines::announceGuestWinner(const QString &tail)
     if (winner < 1) {
         // A win line without a proper seat still ends the game.
     } else if (winner == m_netSeat) {
-        m_table.showMessage(QStringLiteral("You Win!"));
+        m_table.showMessage(GameTexts::youWin());
         if (m_table.isChecked(Check::Sound))
             m_table.playCheer();
     } else {
-        m_table.showMessage(QStringLiteral("Player %1 wins!").arg(winner));
+        m_table.showMessage(GameTexts::wins(winner));
     }
     m_engine.GameOver();
 }

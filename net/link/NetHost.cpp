@@ -118,7 +118,7 @@ void NetHost::BeginHost()
     if (!m_server->listen(m_listenAddress, quint16(m_localPort))) {
         m_hosting = false;
         emit Error(0, int(m_server->serverError()),
-                   QStringLiteral("Cannot listen on port %1: %2").arg(m_localPort).arg(m_server->errorString()));
+                   tr("Cannot listen on port %1: %2").arg(m_localPort).arg(m_server->errorString()));
         return;
     }
     m_hosting = true;

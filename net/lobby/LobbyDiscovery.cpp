@@ -35,13 +35,13 @@ void NewGameDialog::buildHostList()
     Browser->setObjectName(QStringLiteral("Browser"));
     connect(Browser, &discovery::DiscoveryBrowser::hostsChanged, this, &NewGameDialog::showListedHosts);
 
-    lblHosts = new QLabel(QStringLiteral("Games on the LAN:"), this);
+    lblHosts = new QLabel(tr("Games on the LAN:"), this);
     lblHosts->setObjectName(QStringLiteral("lblHosts"));
     lstHosts = new QTreeWidget(this);
     lstHosts->setObjectName(QStringLiteral("lstHosts"));
     lstHosts->setRootIsDecorated(false);
-    lstHosts->setHeaderLabels({QStringLiteral("Computer"), QStringLiteral("Address"), QStringLiteral("Players"),
-                               QStringLiteral("Free Seats"), QStringLiteral("Version")});
+    lstHosts->setHeaderLabels({tr("Computer"), tr("Address"), tr("Players"),
+                               tr("Free Seats"), tr("Version")});
     // Wide enough for a long computer name, any address and a marked version without scrolling;
     // a longer name gives way (elided) before the other columns do.
     lstHosts->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -95,10 +95,8 @@ void NewGameDialog::showListedHosts()
             continue;
         }
         // Listed, so that the guest sees why the game it expected cannot be joined.
-        item->setText(VersionColumn, h.version + QStringLiteral(" (other version)"));
-        item->setToolTip(VersionColumn, QStringLiteral("This host runs ") + AppTitle + QLatin1Char(' ') + h.version
-                                            + QStringLiteral(" and cannot be joined from ") + AppTitle
-                                            + QLatin1Char(' ') + appVersion() + QLatin1Char('.'));
+        item->setText(VersionColumn, tr("%1 (other version)").arg(h.version));
+        item->setToolTip(VersionColumn, tr("This host runs %1 %2 and cannot be joined from %1 %3.").arg(AppTitle, h.version, appVersion()));
         item->setFlags(Qt::NoItemFlags);
     }
 }

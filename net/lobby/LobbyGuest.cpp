@@ -23,15 +23,15 @@ void NewGameDialog::guestSelect()
         }
     }
     if (count == 0) {
-        tell(QStringLiteral("Please choose a human player to be added to the network game."));
+        tell(tr("Please choose a human player to be added to the network game."));
         return;
     }
     if (count > 1) {
-        tell(QStringLiteral("Please choose only one human player to be added to the network game."));
+        tell(tr("Please choose only one human player to be added to the network game."));
         return;
     }
     if (txtHost->text().trimmed().isEmpty()) {
-        tell(QStringLiteral("Please enter the host's computer name."));
+        tell(tr("Please enter the host's computer name."));
         return;
     }
     // The dialog stays open until the host starts the game or closes the lobby.
@@ -42,13 +42,13 @@ void NewGameDialog::guestConnected()
 {
     m_guestReachedHost = true;
     tmrCheck->stop();
-    lblStatus->setText(QStringLiteral("Connection Established"));
+    lblStatus->setText(tr("Connection Established"));
 }
 
 void NewGameDialog::guestReceiveSetupInfo(const QString &info)
 {
-    if (lblStatus->text().startsWith(QLatin1String("Connecting")))
-        lblStatus->setText(QStringLiteral("Connected"));
+    if (!m_connectingStatus.isEmpty() && lblStatus->text() == m_connectingStatus)
+        lblStatus->setText(tr("Connected"));
     if (info.isEmpty())
         return;
     const int n = lobby::digitAfterCode(info);
@@ -60,7 +60,7 @@ void NewGameDialog::guestReceiveSetupInfo(const QString &info)
             chkHuman[static_cast<size_t>(i)]->setValue(i == n ? LocalHuman : Computer);
         cmdOK->setEnabled(false);
         Frame2->setEnabled(false);
-        lblStatus->setText(QStringLiteral("Choice Accepted, Waiting to Start"));
+        lblStatus->setText(tr("Choice Accepted, Waiting to Start"));
         return;
     case 'T':
         if (n < 0)
@@ -80,7 +80,7 @@ void NewGameDialog::guestReceiveSetupInfo(const QString &info)
         return;
     case 'S':
         // Back to the New command, with this copy's seat the only one checked.
-        lblStatus->setText(QStringLiteral("Starting Game"));
+        lblStatus->setText(tr("Starting Game"));
         lblStatus->repaint();
         hide();
         return;
@@ -90,7 +90,7 @@ void NewGameDialog::guestReceiveSetupInfo(const QString &info)
             return;
         Frame2->setEnabled(true);
         chkNetwork->setChecked(false);
-        tell(QStringLiteral("The game has started without you."));
+        tell(tr("The game has started without you."));
         return;
     default:
         return;
@@ -99,12 +99,12 @@ void NewGameDialog::guestReceiveSetupInfo(const QString &info)
 
 void NewGameDialog::guestRejectTitle(const QString &properTitle)
 {
-    tell(QStringLiteral("You should be running ") + properTitle + QStringLiteral("."));
+    tell(tr("You should be running %1.").arg(properTitle));
 }
 
 void NewGameDialog::guestRejectVersion(const QString &properVersion)
 {
-    tell(QStringLiteral("You should be running ") + AppTitle + QLatin1Char(' ') + properVersion + QStringLiteral("."));
+    tell(tr("You should be running %1 %2.").arg(AppTitle, properVersion));
 }
 
 void NewGameDialog::guestError(int, const QString &description)
@@ -129,7 +129,7 @@ void NewGameDialog::guestDropped()
         // Still in the lobby: the host removed this guest or turned it away. An attempt that
         // never reached the host has its error in the status already.
         if (wasIn)
-            tell(QStringLiteral("You were kicked out of the game."));
+            tell(tr("You were kicked out of the game."));
         return;
     }
     emit hostDropped();

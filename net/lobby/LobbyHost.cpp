@@ -79,7 +79,7 @@ void NewGameDialog::removeGuest(int box)
     const QString name = seat->toolTip();
     if (name.isEmpty())
         return;
-    if (!ask(QStringLiteral("Are you sure you want to remove ") + name + QStringLiteral(" from the game?")))
+    if (!ask(tr("Are you sure you want to remove %1 from the game?").arg(name)))
         return;
     seat->setToolTip(QString());
     const int client = seatTag(box).toInt();
@@ -113,7 +113,7 @@ void NewGameDialog::hostError(int client, int, const QString &description)
         return;
     lblStatus->setText(description);
     chkNetwork->setChecked(false);
-    tell(QStringLiteral("This computer cannot host a network game.\n%1.\n"
+    tell(tr("This computer cannot host a network game.\n%1.\n"
                         "Another program, or another copy of QX, may be using TCP port %2.")
              .arg(description)
              .arg(m_gamePort));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace qx::lobby {
@@ -17,7 +18,7 @@ inline int digitAfterCode(const QString &message)
 // The status a host shows while its lobby is open.
 inline QString connectionsStatus(int connections)
 {
-    return QStringLiteral("Network Connections: ") + QString::number(connections);
+    return QCoreApplication::translate("qx::NewGameDialog", "Network Connections: %1").arg(connections);
 }
 
 } // namespace qx::lobby

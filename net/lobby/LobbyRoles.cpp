@@ -64,7 +64,7 @@ void NewGameDialog::leaveNetwork()
 void NewGameDialog::unlockOwnChoices()
 {
     // Outside a guest's role this copy chooses the seats again, and OK starts a game.
-    cmdOK->setText(QStringLiteral("&OK"));
+    cmdOK->setText(tr("&OK"));
     cmdOK->setEnabled(true);
     Frame1->setEnabled(true);
     Frame2->setEnabled(true);
@@ -101,13 +101,13 @@ void NewGameDialog::becomeGuest()
 {
     if (Host->Hosting())
         Host->StopHost();
-    cmdOK->setText(QStringLiteral("&Select"));
+    cmdOK->setText(tr("&Select"));
     cmdOK->setEnabled(true);
     // The host decides the number of players.
     Frame1->setEnabled(false);
     Frame2->setEnabled(true);
     m_guestReachedHost = false;
-    lblStatus->setText(QStringLiteral("Not Connected"));
+    lblStatus->setText(tr("Not Connected"));
     tmrCheck->start();
     updateDiscovery();
 }
@@ -119,14 +119,15 @@ void NewGameDialog::tmrCheck_Timer()
         return;
     }
     if (Guest->IsConnected()) {
-        lblStatus->setText(QStringLiteral("Connected"));
+        lblStatus->setText(tr("Connected"));
         tmrCheck->stop();
         return;
     }
     const QString host = txtHost->text().trimmed();
     if (host.isEmpty())
         return;
-    lblStatus->setText(QStringLiteral("Connecting to ") + host + QStringLiteral("..."));
+    m_connectingStatus = tr("Connecting to %1...").arg(host);
+    lblStatus->setText(m_connectingStatus);
     // A call while an attempt is under way is ignored by the client.
     Guest->Connect(host, m_gamePort, AppTitle, m_announcedVersion);
 }

@@ -47,9 +47,9 @@ void NetworkSession::hostClientLeft(int client)
     for (int seat = 1; seat <= MaxSeats; ++seat) {
         if (m_state.PlayerClient(seat) != client)
             continue;
-        const QString name = m_state.PlayerName(seat).isEmpty() ? QStringLiteral("Player %1").arg(seat)
+        const QString name = m_state.PlayerName(seat).isEmpty() ? tr("Player %1").arg(seat)
                                                                 : m_state.PlayerName(seat);
-        m_dialog.tell(name + QStringLiteral(" left the game and will be run by the computer."));
+        m_dialog.tell(tr("%1 left the game and will be run by the computer.").arg(name));
         m_state.PlayerType(seat) = Computer;
         m_state.PlayerName(seat).clear();
         m_state.PlayerClient(seat) = 0;
@@ -89,7 +89,7 @@ void NetworkSession::guestLostHost()
 {
     if (m_state.NetMode != NetGuestMode || !m_state.gameRunning())
         return;
-    m_dialog.tell(QStringLiteral("The connection to the host has dropped."));
+    m_dialog.tell(tr("The connection to the host has dropped."));
     m_engine.GameOver();
 }
 

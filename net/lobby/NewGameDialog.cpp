@@ -72,7 +72,7 @@ NewGameDialog::NewGameDialog(QWidget *parent)
     : QDialog(parent), m_gamePort(portFromEnvironment()), m_announcedVersion(appVersion())
 {
     setObjectName(QStringLiteral("frmNewGame"));
-    setWindowTitle(QStringLiteral("New Game"));
+    setWindowTitle(tr("New Game"));
     setModal(true);
 
     tell = [this](const QString &text) {
@@ -87,21 +87,21 @@ NewGameDialog::NewGameDialog(QWidget *parent)
     };
 
     Host = new NetHost(this);
-    Host->setObjectName(QStringLiteral("Host"));
+    Host->setObjectName(tr("Host"));
     Host->setLocalPort(m_gamePort);
     Host->setMaxConnections(NetHost::GameMaxConnections);
     Guest = new NetClient(this);
-    Guest->setObjectName(QStringLiteral("Guest"));
+    Guest->setObjectName(tr("Guest"));
 
     buildPlayersFrame();
     buildHumansFrame();
     buildNetworkControls();
     buildHostList();
 
-    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
+    cmdOK = new QPushButton(tr("&OK"), this);
     cmdOK->setObjectName(QStringLiteral("cmdOK"));
     cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
+    cmdCancel = new QPushButton(tr("&Cancel"), this);
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     connect(cmdOK, &QPushButton::clicked, this, &NewGameDialog::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &NewGameDialog::cmdCancel_Click);
@@ -137,7 +137,7 @@ NewGameDialog::NewGameDialog(QWidget *parent)
 
 void NewGameDialog::buildPlayersFrame()
 {
-    Frame1 = new QGroupBox(QStringLiteral("Number of Players"), this);
+    Frame1 = new QGroupBox(tr("Number of Players"), this);
     Frame1->setObjectName(QStringLiteral("Frame1"));
     auto *grid = new QGridLayout(Frame1);
     auto *group = new QButtonGroup(this);
@@ -149,7 +149,7 @@ void NewGameDialog::buildPlayersFrame()
         grid->addWidget(button, 0, i);
         connect(button, &QRadioButton::clicked, this, [this, i] { optPlayers_Click(i); });
     }
-    lblDecksAdvice = new QLabel(QStringLiteral("With 9 or 10 players, choose 2 or more decks (Options > "
+    lblDecksAdvice = new QLabel(tr("With 9 or 10 players, choose 2 or more decks (Options > "
                                                "Number Of Decks): with one deck a round may never end."),
                                 Frame1);
     lblDecksAdvice->setObjectName(QStringLiteral("lblDecksAdvice"));
@@ -179,7 +179,7 @@ void NewGameDialog::updateDecksAdvice()
 
 void NewGameDialog::buildHumansFrame()
 {
-    Frame2 = new QGroupBox(QStringLiteral("Human Players"), this);
+    Frame2 = new QGroupBox(tr("Human Players"), this);
     Frame2->setObjectName(QStringLiteral("Frame2"));
     auto *grid = new QGridLayout(Frame2);
     for (int i = 0; i < MaxSeats; ++i) {
@@ -193,14 +193,14 @@ void NewGameDialog::buildHumansFrame()
 
 void NewGameDialog::buildNetworkControls()
 {
-    chkNetwork = new QCheckBox(QStringLiteral("Network Play"), this);
+    chkNetwork = new QCheckBox(tr("Network Play"), this);
     chkNetwork->setObjectName(QStringLiteral("chkNetwork"));
-    optHost = new QRadioButton(QStringLiteral("Host"), this);
+    optHost = new QRadioButton(tr("Host"), this);
     optHost->setObjectName(QStringLiteral("optHost"));
     optHost->setChecked(true);
-    optGuest = new QRadioButton(QStringLiteral("Guest"), this);
+    optGuest = new QRadioButton(tr("Guest"), this);
     optGuest->setObjectName(QStringLiteral("optGuest"));
-    lblHost = new QLabel(QStringLiteral("Host's Name/IP:"), this);
+    lblHost = new QLabel(tr("Host's Name/IP:"), this);
     lblHost->setObjectName(QStringLiteral("lblHost"));
     txtHost = new QLineEdit(this);
     txtHost->setObjectName(QStringLiteral("txtHost"));

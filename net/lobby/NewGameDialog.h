@@ -215,6 +215,9 @@ private:
     QString m_computerName;
     bool m_leavingHost = false;    // this side is ending the guest connection itself
     bool m_guestReachedHost = false; // the current guest connection was established
+    // The status shown while a guest tries to reach its host ("Connecting to ..." in the player's
+    // language), so that the host's first message can replace it whatever the language.
+    QString m_connectingStatus;
     bool m_guestErrorClosing = false; // an error is closing the connection; its drop follows
     QSet<int> m_titleAccepted;     // host: slots whose guest announced the right title
     QSet<int> m_handshakeAccepted; // host: slots whose guest announced the right title and version

@@ -42,6 +42,8 @@ QRect splashPictureRect();
 // The splash window's backdrop: green felt in a gold frame, the title "QX" and a line of
 // advice beside the picture's place.
 QImage renderSplashBackdrop();
+// Where the splash window writes its line under the title, on the backdrop.
+QRect splashTaglineRect();
 // The network waiting indicator: four pictures of an hourglass shown in turn (index 0..3; other
 // numbers wrap round), transparent around it.
 QImage renderWaitPicture(int index, QSize size);

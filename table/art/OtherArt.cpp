@@ -155,6 +155,12 @@ QSize splashWindowSize() { return splashPictureRect().size() + QSize(260, 48); }
 
 QRect splashPictureRect() { return QRect(QPoint(24, 24), DesignCell * 2); }
 
+QRect splashTaglineRect()
+{
+    const int left = splashPictureRect().right() + 28;
+    return QRect(left, 104, splashWindowSize().width() - left - 16, 60);
+}
+
 QImage renderSplashBackdrop()
 {
     const QSize size = splashWindowSize();
@@ -175,12 +181,7 @@ QImage renderSplashBackdrop()
     const int textLeft = splashPictureRect().right() + 28;
     p.drawText(QRect(textLeft, 24, size.width() - textLeft - 16, 80), Qt::AlignLeft | Qt::AlignVCenter,
                QStringLiteral("QX"));
-    QFont line(QStringLiteral("DejaVu Sans"));
-    line.setPixelSize(14);
-    p.setFont(line);
-    p.setPen(QColor(244, 236, 210));
-    p.drawText(QRect(textLeft, 104, size.width() - textLeft - 16, 60), Qt::AlignLeft | Qt::TextWordWrap,
-               QStringLiteral("Keep the total under 100."));
+    // The line under the title is the splash window's own, in the player's language.
     return backdrop;
 }
 

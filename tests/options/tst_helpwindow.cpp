@@ -1,6 +1,8 @@
 #include "HelpWindow.h"
 
+#include <QDir>
 #include <QFile>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTest>
@@ -36,6 +38,36 @@ private slots:
         writePage("contents.html", "<html><body><h1>Contents</h1><a href=\"rules.html\">Rules</a> "
                                    "<a href=\"strategy.html\">Strategy</a></body></html>");
         writePage("rules.html", "<html><body><h1>Rules</h1><a href=\"contents.html\">Back to contents</a></body></html>");
+        QVERIFY(QDir(m_pages.path()).mkdir(QStringLiteral("de")));
+        writePage("de/contents.html", "<html><body><h1>Inhalt</h1><a href=\"rules.html\">Regeln</a></body></html>");
+        writePage("de/rules.html", "<html><body><h1>Regeln</h1></body></html>");
+    }
+
+    // The pages of the player's language where the help has them, English where it has not.
+    void pageInPlayersLanguage_data()
+    {
+        QTest::addColumn<QLocale::Language>("language");
+        QTest::addColumn<int>("topic");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("German rules") << QLocale::German << int(HelpWindow::Rules) << "de/rules.html";
+        QTest::newRow("German contents") << QLocale::German << int(HelpWindow::Contents) << "de/contents.html";
+        QTest::newRow("German, page not translated") << QLocale::German << int(HelpWindow::Strategy) << "strategy.html";
+        QTest::newRow("French, no French pages") << QLocale::French << int(HelpWindow::Rules) << "rules.html";
+        QTest::newRow("English") << QLocale::English << int(HelpWindow::Rules) << "rules.html";
+        QTest::newRow("C") << QLocale::C << int(HelpWindow::Contents) << "contents.html";
+    }
+
+    void pageInPlayersLanguage()
+    {
+        QFETCH(QLocale::Language, language);
+        QFETCH(int, topic);
+        QFETCH(QString, shown);
+        const QLocale before;
+        QLocale::setDefault(QLocale(language));
+        HelpWindow help(nullptr, m_pages.path());
+        help.showTopic(topic);
+        QLocale::setDefault(before);
+        QCOMPARE(help.browser()->source().toLocalFile(), m_pages.filePath(shown));
     }
 
     void pagesOfTopics()

@@ -54,7 +54,7 @@ expect "lrwxrwxrwx root/root ./usr/games/qx -> ../lib/games/qx/qx"
 expect "-rwxr-xr-x root/root ./usr/lib/games/qx/qx"
 expect "-rw-r--r-- root/root ./usr/lib/games/qx/libqx_sound_multimedia.so"
 for data in CHEER.WAV deck1.bmp qx.png qxicon.pam splash.ppm splashback.ppm splashmask.ppm \
-            help/contents.html help/rules.html help/strategy.html; do
+            help/{,de/,fr/}{contents,rules,strategy}.html; do
   expect "-rw-r--r-- root/root ./usr/lib/games/qx/$data"
 done
 expect "-rw-r--r-- root/root ./usr/share/applications/qx.desktop"

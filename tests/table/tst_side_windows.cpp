@@ -320,6 +320,10 @@ void SideWindowsTest::splashCutsThePictureThroughItsMask()
 
     SplashWindow splash;
     QCOMPARE(splash.Label2->text(), QStringLiteral("Loading . . ."));
+    // The line under the title is a text of the window, which a translation reaches.
+    const QLabel *tagline = splash.findChild<QLabel *>(QStringLiteral("lblTagline"));
+    QVERIFY(tagline);
+    QCOMPARE(tagline->text(), QStringLiteral("Keep the total under 100."));
     splash.show();
     splash.drawSplash();
     QCOMPARE(splash.picture1().size(), QSize(142, 192));
