@@ -10,6 +10,21 @@
 
 namespace qx {
 
+namespace {
+
+// A text over the splash's dark backdrop, in its pale ink.
+QLabel *splashLabel(QWidget *splash, const QString &text, const QString &name)
+{
+    auto *label = new QLabel(text, splash);
+    label->setObjectName(name);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor(244, 236, 210));
+    label->setPalette(palette);
+    return label;
+}
+
+} // namespace
+
 SplashWindow::SplashWindow(QWidget *parent)
     : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
@@ -24,26 +39,18 @@ SplashWindow::SplashWindow(QWidget *parent)
         m_backdrop = CardArt::renderSplashBackdrop();
 
     // Written over the backdrop rather than drawn into it, so that it follows the language.
-    auto *tagline = new QLabel(tr("Keep the total under 100."), this);
-    tagline->setObjectName(QStringLiteral("lblTagline"));
+    auto *tagline = splashLabel(this, tr("Keep the total under 100."), QStringLiteral("lblTagline"));
     tagline->setWordWrap(true);
     tagline->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     QFont taglineFont = tagline->font();
     taglineFont.setPixelSize(14);
     tagline->setFont(taglineFont);
-    QPalette taglinePalette = tagline->palette();
-    taglinePalette.setColor(QPalette::WindowText, QColor(244, 236, 210));
-    tagline->setPalette(taglinePalette);
     tagline->setGeometry(CardArt::splashTaglineRect());
 
-    Label2 = new QLabel(tr("Loading . . ."), this);
-    Label2->setObjectName(QStringLiteral("Label2"));
+    Label2 = splashLabel(this, tr("Loading . . ."), QStringLiteral("Label2"));
     QFont f = Label2->font();
     f.setPointSize(11);
     Label2->setFont(f);
-    QPalette palette = Label2->palette();
-    palette.setColor(QPalette::WindowText, QColor(244, 236, 210));
-    Label2->setPalette(palette);
     Label2->setGeometry(m_pictureRect.right() + 28, height() - 64, 200, 28);
 
     if (const QScreen *screen = QApplication::primaryScreen())
